@@ -1,0 +1,1 @@
+install(DIRECTORY include/vskcore DESTINATION include COMPONENT dev)

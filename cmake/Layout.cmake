@@ -1,0 +1,24 @@
+# Build tree and installed tree have one shape, so that both run in place and can be moved:
+#   bin/vsk  lib/vskcore/libvskcore.so  lib/vskcore/data/  lib/vskcore/<plug-in>/
+# lib/ is fixed, not the multi-arch folder: the host finds the library by a relative path.
+set(VSK_BIN_DIR bin)
+set(VSK_CORE_DIR lib/vskcore)
+
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${VSK_BIN_DIR})
+
+# vsk_add_collector(NAME SOURCES...): a plug-in with its specification document beside it.
+function(vsk_add_collector name)
+  add_library(collector_${name} MODULE ${ARGN})
+  target_link_libraries(collector_${name} PRIVATE vskcore vsk_warnings)
+  target_include_directories(collector_${name} PRIVATE ${PROJECT_SOURCE_DIR}/collectors)
+  set_target_properties(collector_${name} PROPERTIES
+    PREFIX "" OUTPUT_NAME ${name} SUFFIX .pi.so
+    LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${VSK_CORE_DIR}/${name}
+    BUILD_RPATH_USE_ORIGIN ON
+    BUILD_RPATH "$ORIGIN/.." INSTALL_RPATH "$ORIGIN/..")
+  configure_file(${name}.properties.xml
+    ${CMAKE_BINARY_DIR}/${VSK_CORE_DIR}/${name}/${name}.properties.xml COPYONLY)
+  install(TARGETS collector_${name} LIBRARY DESTINATION ${VSK_CORE_DIR}/${name}
+    COMPONENT collectors)
+  install(FILES ${name}.properties.xml DESTINATION ${VSK_CORE_DIR}/${name} COMPONENT collectors)
+endfunction()

@@ -1,0 +1,78 @@
+// The XML reader: small, event-driven, in place.
+#ifndef VSKCORE_CIMXML_TXMLPARSER_H
+#define VSKCORE_CIMXML_TXMLPARSER_H
+
+#include <vskcore/core/vskExport.h>
+
+#include <map>
+#include <string>
+
+// Walks one writable, NUL-terminated buffer and reports what it finds through virtual callbacks.
+// It reads the subset of XML 1.0 that CIM-XML (DSP0201) documents need:
+//
+// - bytes are delivered as they stand: no encoding, no line-end or attribute normalisation, and
+//   only the five predefined entities and numeric references of one byte (modulo 256);
+// - a DOCTYPE is skipped up to its first ">", comments are invisible, the XML declaration unread;
+// - attribute names are lower-cased, element names stay as written, ":" is a letter like another;
+// - CDATA sections, references in attribute values and a byte order mark are not read.
+//
+// The buffer belongs to the caller and must outlive Parse. It is written to: attribute names stay
+// lower-cased, and terminating NULs come and go. Names and texts given to a callback are valid
+// during that call only. A copied reader refers to the same buffer. One reader serves one thread.
+class VSK_EXPORT TXmlParser {
+ public:
+  // Name in lower case to value as written. Owned by the reader; gone after the element's end.
+  using TAttributes = std::map<std::string, std::string>;
+
+  TXmlParser();
+  TXmlParser(const TXmlParser& other);
+  TXmlParser& operator=(const TXmlParser& other);
+
+  // The callbacks. Their order in the virtual table is part of the contract.
+  virtual ~TXmlParser();
+  // A start tag, its attributes all read. For <a/> EndElement follows at once.
+  virtual void StartElement(const char* const name, TAttributes& attributes) = 0;
+  virtual void EndElement(const char* const name) = 0;
+  // Target and data are not read: both arguments are "TBD".
+  virtual void processingInstruction(const char* const target, const char* const data) = 0;
+  // A run of text or one resolved reference; one text may come in several calls. NUL-terminated,
+  // but it may also hold a NUL (&#0;), so the length counts.
+  virtual void characters(const char* const text, unsigned int length) = 0;
+  virtual void notationDecl(const char* const name, const char* const publicId,
+                            const char* const systemId) = 0;
+  // A syntax error. Must not return: throw. The reader then leaves everything as it is.
+  virtual void FatalError(const char* const message) = 0;
+
+  // Reads one document: optional XML declaration, comments and DOCTYPE, then one element. What
+  // follows it is not looked at but for comments and processing instructions. Errors come through
+  // FatalError; a CDATA section or an unterminated comment inside the element ends the reading
+  // without a word. At most kMaxDepth elements may be open at a time.
+  void Parse(char* buffer);
+
+  // The line of the present position, counted from 1 by line feeds. Has a meaning from the start
+  // of Parse on.
+  unsigned int GetCurLine();
+
+  static const unsigned int kMaxDepth = 256;
+
+ private:
+  char GetChar();
+  char PeekChar();
+  void UngetChar();
+  bool SkipWhitespace();
+  bool ValidateName();
+  bool ParseProlog();
+  bool ParseXMLDecl();
+  bool ParseMisc();
+  bool ParseDocTypeDecl();
+  bool ParseProcessingInstruction();
+  bool ParseNotationDecl();
+  bool SkipComment();
+  bool ParseElement();
+  bool ParseCharData();
+
+  char* position_;  // the next byte to read
+  char* start_;     // the first byte of the document
+};
+
+#endif

@@ -1,0 +1,101 @@
+// A qualifier type known to a container.
+#ifndef VSKCORE_MODEL_TCIMQUALIFIERDECL_H
+#define VSKCORE_MODEL_TCIMQUALIFIERDECL_H
+
+#include <vskcore/core/vskExport.h>
+#include <vskcore/model/TCIMValue.h>
+
+#include <boost/shared_ptr.hpp>
+#include <cstdint>
+#include <string>
+
+class TCIMQualifierDeclImpl;
+class TContainer;
+
+// A name, a default value (which is also the source of the type), a scope and a default flavor.
+// Known by its address and never copied. The caller owns it until AddToContainer, the container
+// from then on, whatever comes of the call. It must outlive the qualifiers made from it.
+//
+// Scope is recorded and never enforced, and nothing holds a qualifier's value against the type of
+// its declaration.
+class VSK_EXPORT TCIMQualifierDecl {
+ public:
+  enum EFlavor : std::int32_t {
+    flavorNone = 0,
+    flavorOverridable = 1,   // a later qualifier of the name replaces this one
+    flavorToSubclass = 2,    // a class qualifier is copied into subclasses as they are made
+    flavorTranslatable = 4,  // carried along
+  };
+  enum EScope : std::int32_t {
+    scopeNone = 0,
+    scopeClass = 1,
+    scopeAssociation = 2,
+    scopeProperty = 4,
+    scopeReference = 8,
+  };
+
+  // No name, a NULL without a type, no scope, no flavor.
+  explicit TCIMQualifierDecl(TContainer& container);
+  TCIMQualifierDecl(TContainer& container, const std::string& name, const TCIMValue& value,
+                    EScope scope, EFlavor flavor);
+  TCIMQualifierDecl(const TCIMQualifierDecl&) = delete;
+  TCIMQualifierDecl& operator=(const TCIMQualifierDecl&) = delete;
+  virtual ~TCIMQualifierDecl();
+
+  const std::string& GetName() const;
+  // A declaration in a container's table keeps the key under which it was added.
+  void SetName(const std::string& name);
+  TCIMValue::TCIMType GetType() const;
+  bool IsArray() const;
+  const TCIMValue GetValue() const;
+  // Any value; the type is not held against the one before. Fails as assigning a value does.
+  void SetValue(const TCIMValue& value);
+  TContainer& GetContainer() const;
+  EScope GetScope() const;
+  // Add and take away bits. Only qualifiers made later see the change.
+  void SetFlavor(EFlavor flavor);
+  void UnsetFlavor(EFlavor flavor);
+  EFlavor GetFlavor() const;
+
+  void Validate() const;  // accepts everything
+  // Hands this heap object to its container, at once and for good: it is destroyed when the call
+  // fails. Throws vskStatusAlreadyExists (logged at level 3) for a name that is taken,
+  // vskStatusInvalidCIMName for one that is no CIM name.
+  void AddToContainer() const;
+
+  // By name alone, in any case of letters. Throw vskStatusInvalidCIMName.
+  bool operator==(const TCIMQualifierDecl& other) const;
+  bool operator<(const TCIMQualifierDecl& other) const;
+
+ private:
+  boost::shared_ptr<TCIMQualifierDeclImpl> impl_;
+};
+
+constexpr TCIMQualifierDecl::EFlavor operator|(TCIMQualifierDecl::EFlavor left,
+                                               TCIMQualifierDecl::EFlavor right) {
+  return static_cast<TCIMQualifierDecl::EFlavor>(static_cast<std::int32_t>(left) |
+                                                 static_cast<std::int32_t>(right));
+}
+constexpr TCIMQualifierDecl::EFlavor operator&(TCIMQualifierDecl::EFlavor left,
+                                               TCIMQualifierDecl::EFlavor right) {
+  return static_cast<TCIMQualifierDecl::EFlavor>(static_cast<std::int32_t>(left) &
+                                                 static_cast<std::int32_t>(right));
+}
+constexpr TCIMQualifierDecl::EFlavor operator~(TCIMQualifierDecl::EFlavor flavor) {
+  return static_cast<TCIMQualifierDecl::EFlavor>(~static_cast<std::int32_t>(flavor));
+}
+constexpr TCIMQualifierDecl::EScope operator|(TCIMQualifierDecl::EScope left,
+                                              TCIMQualifierDecl::EScope right) {
+  return static_cast<TCIMQualifierDecl::EScope>(static_cast<std::int32_t>(left) |
+                                                static_cast<std::int32_t>(right));
+}
+constexpr TCIMQualifierDecl::EScope operator&(TCIMQualifierDecl::EScope left,
+                                              TCIMQualifierDecl::EScope right) {
+  return static_cast<TCIMQualifierDecl::EScope>(static_cast<std::int32_t>(left) &
+                                                static_cast<std::int32_t>(right));
+}
+constexpr TCIMQualifierDecl::EScope operator~(TCIMQualifierDecl::EScope scope) {
+  return static_cast<TCIMQualifierDecl::EScope>(~static_cast<std::int32_t>(scope));
+}
+
+#endif
