@@ -22,8 +22,7 @@ TLogCapture::~TLogCapture() {
 std::vector<std::string> TLogCapture::TakeLines() {
   std::vector<std::string> lines;
   for (const TLogRecord& record : TRootObject::GetCoreLogger()->GetRecords()) {
-    const std::string mark =
-        record.level == 0 ? "" : "[" + std::to_string(record.level) + "] ";
+    const std::string mark = record.level == 0 ? "" : "[" + std::to_string(record.level) + "] ";
     lines.push_back(mark + record.text);
   }
   TRootObject::GetCoreLogger()->ClearRecords();

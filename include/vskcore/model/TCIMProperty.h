@@ -10,12 +10,15 @@
 
 class TCIMPropertyDecl;
 class TCIMPropertyImpl;
+namespace vsk::detail {
+struct TPeek;
+}
 
 // A declaration, borrowed from the class, and perhaps a value of its own; without one it shows the
 // declaration's. Copies are deep. A property of an instance lives as long as the instance.
 class VSK_EXPORT TCIMProperty {
  public:
-  explicit TCIMProperty(const TCIMPropertyDecl& declaration);  // no value of its own
+  explicit TCIMProperty(const TCIMPropertyDecl& declaration);                 // no value of its own
   TCIMProperty(const TCIMPropertyDecl& declaration, const TCIMValue& value);  // by SetValue
   TCIMProperty(const TCIMProperty& other);
   TCIMProperty(TCIMProperty&& other) noexcept;
@@ -51,6 +54,8 @@ class VSK_EXPORT TCIMProperty {
   bool operator<(const TCIMProperty& other) const;
 
  private:
+  friend struct vsk::detail::TPeek;
+
   TCIMPropertyImpl* impl_;  // owned
 };
 

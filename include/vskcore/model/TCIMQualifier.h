@@ -10,6 +10,9 @@
 #include <string>
 
 class TCIMQualifierImpl;
+namespace vsk::detail {
+struct TPeek;
+}
 
 // A value, a flavor, and a flag that tells a copy inherited from a superclass. Its name is that of
 // its declaration, which it borrows and which must outlive it. The caller owns it until a holder
@@ -42,6 +45,8 @@ class VSK_EXPORT TCIMQualifier {
   bool operator<(const TCIMQualifier& other) const;
 
  private:
+  friend struct vsk::detail::TPeek;
+
   boost::shared_ptr<TCIMQualifierImpl> impl_;
 };
 

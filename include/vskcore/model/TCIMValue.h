@@ -14,6 +14,9 @@ class TCIMDateTime;
 class TCIMReference;
 class TCIMValueImpl;
 class TContainer;
+namespace vsk::detail {
+struct TPeek;
+}
 
 // The value of a property, a qualifier, a key binding or an array element. It always has a CIM
 // type and may be NULL with that type. Copies are deep, element by element for an array.
@@ -188,6 +191,8 @@ class VSK_EXPORT TCIMValue {
   bool operator>=(const TCIMValue& other) const;
 
  private:
+  friend struct vsk::detail::TPeek;
+
   // Two words of 32 bits side by side keep the value at three pointers' size.
   TCIMType type_;
   unsigned int maxArraySize_;

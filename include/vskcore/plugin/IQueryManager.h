@@ -27,8 +27,8 @@ class VSK_EXPORT IQueryManager {
   // only its call.
   virtual void QueryClasses(TContainer* target, std::vector<std::string> classNames) = 0;
   // One plug-in, one pass; associations is true for the second.
-  virtual void QueryPlugin(IPlugin* plugin, TContainer* target,
-                           std::vector<std::string> classNames, bool associations) = 0;
+  virtual void QueryPlugin(IPlugin* plugin, TContainer* target, std::vector<std::string> classNames,
+                           bool associations) = 0;
 };
 
 #endif

@@ -1,0 +1,24 @@
+// A look inside the handles for the library itself, where the public operation would copy.
+#ifndef VSKCORE_SRC_MODEL_TPEEK_H
+#define VSKCORE_SRC_MODEL_TPEEK_H
+
+class TCIMProperty;
+class TCIMPropertyImpl;
+class TCIMQualifier;
+class TCIMValue;
+class TCIMValueImpl;
+
+namespace vsk::detail {
+
+struct TPeek {
+  // The stored value itself; valid until the qualifier changes.
+  static const TCIMValue& Value(const TCIMQualifier& qualifier);
+  // The value that the property shows, its own or the declaration's; valid until it changes.
+  static const TCIMValue& Value(const TCIMProperty& property);
+  // The content of a value, null for NULL.
+  static const TCIMValueImpl* Content(const TCIMValue& value);
+};
+
+}  // namespace vsk::detail
+
+#endif
