@@ -12,8 +12,27 @@
 
 namespace vsk::detail {
 
+// Writes lines through TOSSpecific::OutputLogString and keeps records in memory.
+class TLogger : public ILogger {
+ public:
+  void LogData(IPlugin* plugin, std::int32_t level, const void* data, std::int32_t length) override;
+  void Log(IPlugin* plugin, std::int32_t level, const std::string& text) override;
+  std::list<TLogRecord>& GetRecords() override { return records_; }
+  void ClearRecords() override { records_.clear(); }
+  void SetLevel(std::int32_t level) override { level_ = level; }
+  std::int32_t GetLevel() override { return level_; }
+
+ private:
+  void AddRecord(IPlugin* plugin, std::int32_t level, const std::string& text);
+  // For a message that passed the threshold: the record if its level is kept, then the line.
+  void Deliver(IPlugin* plugin, std::int32_t level, const std::string& text);
+
+  std::int32_t level_ = 2;
+  std::list<TLogRecord> records_;
+};
+
 // Creates the logger that TRootObject::GetCoreLogger hands out, before anything else of the core.
-// Called once; the logger belongs to the process.
+// It belongs to the process; a second call leaves it as it is.
 vskStatus CreateCoreLogger();
 
 }  // namespace vsk::detail

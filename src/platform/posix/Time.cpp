@@ -1,0 +1,30 @@
+// The clock and the host's name.
+#include <time.h>
+#include <unistd.h>
+#include <vskcore/core/TVSKException.h>
+#include <vskcore/model/TCIMDateTime.h>
+#include <vskcore/platform/TOSSpecific.h>
+
+TCIMDateTime TOSSpecific::GetLocalTime() {
+  timespec now;
+  tm local;
+  // The zone that the rest of the process uses now, not the one it had when it first asked.
+  tzset();
+  if (clock_gettime(CLOCK_REALTIME, &now) != 0 || localtime_r(&now.tv_sec, &local) == nullptr) {
+    throw TVSKException(vskStatusInvalidDateTime);
+  }
+  const auto milliseconds = static_cast<unsigned int>(now.tv_nsec / 1000000);
+  return TCIMDateTime(
+      static_cast<unsigned short>(local.tm_year + 1900),
+      static_cast<unsigned short>(local.tm_mon + 1), static_cast<unsigned int>(local.tm_mday),
+      static_cast<unsigned short>(local.tm_hour), static_cast<unsigned short>(local.tm_min),
+      static_cast<unsigned short>(local.tm_sec), milliseconds * 1000,
+      static_cast<short>(local.tm_gmtoff / 60));
+}
+
+std::string TOSSpecific::GetMachineName() {
+  // A name that does not fit is not always terminated; the last byte stays zero.
+  char name[257] = {};
+  if (gethostname(name, sizeof name - 1) != 0) throw TVSKException(vskStatusFail);
+  return name;
+}
