@@ -36,6 +36,14 @@ class TNameTable {
     return items_.emplace(std::move(key), std::move(item)).second;
   }
 
+  // Takes a heap object in under the key, and releases what stood there. The key is normalised
+  // already. The object stays the caller's when that fails for want of memory.
+  void Adopt(std::string key, TItem& item) {
+    const boost::shared_ptr<TItem> owner(&item, TOwnership{false});
+    items_.insert_or_assign(std::move(key), owner);
+    boost::get_deleter<TOwnership>(owner)->owned = true;
+  }
+
   // Throws vskStatusNotFound when absent. Releases what stands under the name.
   void Remove(const std::string& name) {
     const auto found = items_.find(NormalizeCIMName(name));
@@ -64,6 +72,14 @@ class TNameTable {
   }
 
  private:
+  // Deletes an item from the moment on that the table holds it.
+  struct TOwnership {
+    bool owned;
+    void operator()(TItem* item) const {
+      if (owned) delete item;
+    }
+  };
+
   TMap items_;
 };
 

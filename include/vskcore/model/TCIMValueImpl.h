@@ -11,6 +11,12 @@
 #include <string>
 #include <vector>
 
+#if defined(__GNUC__)
+// Conversions to other types can't hide one another, yet some compilers say so.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+#endif
+
 // What a TCIMValue holds when it isn't NULL. Owned by exactly one value. Every conversion throws
 // vskStatusTypeMismatch unless the class of that type overrides it. The order of the virtual
 // operations is part of the contract.
@@ -73,8 +79,7 @@ class VSK_EXPORT TCIMNumericValueImpl : public TCIMValueImpl {
   bool operator<(const TCIMValue& other) const override;
 
  private:
-  TCIMValue::TCIMType type_;
-  union {
+  union TNumbers {
     bool boolean;
     unsigned char uint8;
     signed char sint8;
@@ -86,7 +91,16 @@ class VSK_EXPORT TCIMNumericValueImpl : public TCIMValueImpl {
     std::int64_t sint64;
     float real32;
     double real64;
-  } number_;
+  };
+
+  template <typename TNumber>
+  VSK_LOCAL TNumber Take(TCIMValue::ECIMType type, TNumber TNumbers::*member) const;
+  // Hands the number to visit in its own C++ type.
+  template <typename TVisit>
+  VSK_LOCAL auto Visit(const TVisit& visit) const;
+
+  TCIMValue::TCIMType type_;
+  TNumbers number_;
 };
 
 // A string of bytes; comparisons are byte-wise.
@@ -149,5 +163,9 @@ class VSK_EXPORT TCIMReferenceValueImpl : public TCIMValueImpl {
  private:
   TCIMReference reference_;
 };
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif
 
 #endif

@@ -1,0 +1,4 @@
+#include <vskcore/model/ICIMAllowQualifiers.h>
+
+ICIMAllowQualifiers::ICIMAllowQualifiers() = default;
+ICIMAllowQualifiers::~ICIMAllowQualifiers() = default;

@@ -1,0 +1,4 @@
+#include <vskcore/model/ICIMElement.h>
+
+ICIMElement::ICIMElement() = default;
+ICIMElement::~ICIMElement() = default;
