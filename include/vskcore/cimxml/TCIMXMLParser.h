@@ -14,6 +14,9 @@
 
 class TCIMClass;
 class TContainer;
+namespace vsk::detail {
+enum class EElement : unsigned char;
+}
 
 // Turns the reader's events into the object model as they come, without a tree in between. One
 // parser serves one document; TContainer::PopulateContainerFromFile is the usual way to it.
@@ -70,55 +73,94 @@ class VSK_EXPORT TCIMXMLParser : public TXmlParser {
   unsigned int ConvertUnsignedInt(std::string& text);
 
  private:
-  class TParseState;
+  // The engine: see the head of TCIMXMLParser.cpp. Nothing below leaves the library.
+  class VSK_LOCAL TParseState;
   // One class for each element, named after it.
-  class TStateStart;
-  class TStateCIM;
-  class TStateDeclaration;
-  class TStateDeclGroup;
-  class TStateDeclGroupWithName;
-  class TStateDeclGroupWithPath;
-  class TStateQualifierDeclaration;
-  class TStateScope;
-  class TStateMessage;
-  class TStateMultiReq;
-  class TStateSimpleReq;
-  class TStateIMethodCall;
-  class TStateIParamValue;
-  class TStateNamespacePath;
-  class TStateLocalNamespacePath;
-  class TStateHost;
-  class TStateNamespace;
-  class TStateClassPath;
-  class TStateLocalClassPath;
-  class TStateClassName;
-  class TStateInstancePath;
-  class TStateLocalInstancePath;
-  class TStateInstanceName;
-  class TStateKeyBinding;
-  class TStateKeyValue;
-  class TStateValueReference;
-  class TStateValueObject;
-  class TStateValueNamedObject;
-  class TStateValueObjectWithPath;
-  class TStateValueObjectWithLocalPath;
-  class TStateClass;
-  class TStateInstance;
-  class TStateQualifier;
-  class TStatePropertyDecl;
-  class TStateProperty;
-  class TStatePropertyArrayDecl;
-  class TStatePropertyArray;
-  class TStatePropertyReferenceDecl;
-  class TStatePropertyReference;
-  class TStateValue;
-  class TStateValueArray;
+  class VSK_LOCAL TStateStart;
+  class VSK_LOCAL TStateCIM;
+  class VSK_LOCAL TStateDeclaration;
+  class VSK_LOCAL TStateDeclGroup;
+  class VSK_LOCAL TStateDeclGroupWithName;
+  class VSK_LOCAL TStateDeclGroupWithPath;
+  class VSK_LOCAL TStateQualifierDeclaration;
+  class VSK_LOCAL TStateScope;
+  class VSK_LOCAL TStateMessage;
+  class VSK_LOCAL TStateMultiReq;
+  class VSK_LOCAL TStateSimpleReq;
+  class VSK_LOCAL TStateIMethodCall;
+  class VSK_LOCAL TStateIParamValue;
+  class VSK_LOCAL TStateNamespacePath;
+  class VSK_LOCAL TStateLocalNamespacePath;
+  class VSK_LOCAL TStateHost;
+  class VSK_LOCAL TStateNamespace;
+  class VSK_LOCAL TStateClassPath;
+  class VSK_LOCAL TStateLocalClassPath;
+  class VSK_LOCAL TStateClassName;
+  class VSK_LOCAL TStateInstancePath;
+  class VSK_LOCAL TStateLocalInstancePath;
+  class VSK_LOCAL TStateInstanceName;
+  class VSK_LOCAL TStateKeyBinding;
+  class VSK_LOCAL TStateKeyValue;
+  class VSK_LOCAL TStateValueReference;
+  class VSK_LOCAL TStateValueObject;
+  class VSK_LOCAL TStateValueNamedObject;
+  class VSK_LOCAL TStateValueObjectWithPath;
+  class VSK_LOCAL TStateValueObjectWithLocalPath;
+  class VSK_LOCAL TStateClass;
+  class VSK_LOCAL TStateInstance;
+  class VSK_LOCAL TStateQualifier;
+  class VSK_LOCAL TStatePropertyDecl;
+  class VSK_LOCAL TStateProperty;
+  class VSK_LOCAL TStatePropertyArrayDecl;
+  class VSK_LOCAL TStatePropertyArray;
+  class VSK_LOCAL TStatePropertyReferenceDecl;
+  class VSK_LOCAL TStatePropertyReference;
+  class VSK_LOCAL TStateValue;
+  class VSK_LOCAL TStateValueArray;
+  // An element that is stepped over with all that it contains.
+  class VSK_LOCAL TStateSkip;
+  // What several of them share.
+  class VSK_LOCAL TStateGroup;
+  class VSK_LOCAL TStatePath;
+  class VSK_LOCAL TStateObject;
+  class VSK_LOCAL TStateObjectBehindPath;
+  struct VSK_LOCAL TScalarContent;
+  struct VSK_LOCAL TArrayContent;
+  struct VSK_LOCAL TReferenceContent;
+  template <typename TContent>
+  class VSK_LOCAL TStateDeclare;
+  template <typename TContent>
+  class VSK_LOCAL TStateAssign;
+
+  // Pushes the state of a child element and lets it read its attributes.
+  template <typename TState, typename... TArguments>
+  VSK_LOCAL void Enter(TAttributes& attributes, TArguments&&... arguments);
+  // Pops from the top, so that a state never outlives the one that it reports to.
+  VSK_LOCAL void ReleaseStates();
+  VSK_LOCAL void FoldName(const char* name);
+
+  // The attribute readers. Each stores its attribute's value and returns true, or leaves the
+  // target alone and returns false when the attribute is not the one it looks for.
+  VSK_LOCAL bool HandleCIMName(TAttributes::iterator& attribute, std::string* name);
+  VSK_LOCAL bool HandleCIMType(TAttributes::iterator& attribute, TCIMValue::TCIMType* type);
+  VSK_LOCAL bool HandleClassOrigin(TAttributes::iterator& attribute, std::string* classOrigin);
+  VSK_LOCAL bool HandlePropagated(TAttributes::iterator& attribute, bool& propagated);
+  VSK_LOCAL bool HandleArraySize(TAttributes::iterator& attribute, unsigned int& arraySize);
+  VSK_LOCAL bool HandleSuperClass(TAttributes::iterator& attribute, std::string* name);
+  VSK_LOCAL bool HandleClassName(TAttributes::iterator& attribute, std::string* name);
+  VSK_LOCAL bool HandleReferenceClass(TAttributes::iterator& attribute, std::string* name);
+  VSK_LOCAL bool HandleQualifierFlavor(TAttributes::iterator& attribute,
+                                       TCIMQualifierDecl::EFlavor* flavor);
+  // As ConvertBool, with the line in the log.
+  VSK_LOCAL bool ReadBool(const std::string& text);
 
   std::stack<boost::shared_ptr<TParseState>> states_;  // one for each open element, and the start
   TContainer* container_;                              // not owned
   std::vector<TCIMClass*> classesCollected_;           // not owned
   std::string text_;                                   // what characters has gathered
   bool qk482Mode_;
+  vsk::detail::EElement element_;  // the element that has just begun
+  std::string name_;               // its name in lower case; one buffer for all of them
 };
 
 #endif
