@@ -2,6 +2,8 @@
 #ifndef VSKCORE_SRC_MODEL_TPEEK_H
 #define VSKCORE_SRC_MODEL_TPEEK_H
 
+#include <vskcore/model/TCIMReference.h>
+
 class TCIMProperty;
 class TCIMPropertyImpl;
 class TCIMQualifier;
@@ -17,6 +19,10 @@ struct TPeek {
   static const TCIMValue& Value(const TCIMProperty& property);
   // The content of a value, null for NULL.
   static const TCIMValueImpl* Content(const TCIMValue& value);
+  // The reference in a value, null for NULL and for every other type.
+  static const TCIMReference* Reference(const TCIMValue& value);
+  // The bindings themselves; valid until the reference changes.
+  static const TCIMReference::TKeyBindings& Bindings(const TCIMReference& reference);
 };
 
 }  // namespace vsk::detail

@@ -65,6 +65,8 @@ class VSK_EXPORT TCIMPropertyDecl : public ICIMAllowQualifiers {
   bool operator<(const TCIMPropertyDecl& other) const;
 
  private:
+  friend class TCIMClassImpl;
+
   boost::shared_ptr<TCIMPropertyDeclImpl> impl_;
 };
 

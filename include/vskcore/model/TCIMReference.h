@@ -13,6 +13,9 @@ class ICIMElement;
 class TCIMClass;
 class TCIMReferenceImpl;
 class TContainer;
+namespace vsk::detail {
+struct TPeek;
+}
 
 // Without key bindings a class path, with them an instance path. It is the content of a property
 // of type reference, the identity that TCIMInstance::BuildPath gives, and what
@@ -85,7 +88,7 @@ class VSK_EXPORT TCIMReference {
   bool operator<(const TCIMReference& other) const;
 
  private:
-  friend class TCIMClassImpl;
+  friend struct vsk::detail::TPeek;
 
   boost::shared_ptr<TCIMReferenceImpl> impl_;  // never shared between two handles
 };

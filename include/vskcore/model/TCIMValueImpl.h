@@ -161,6 +161,8 @@ class VSK_EXPORT TCIMReferenceValueImpl : public TCIMValueImpl {
   bool operator<(const TCIMValue& other) const override;
 
  private:
+  friend struct vsk::detail::TPeek;
+
   TCIMReference reference_;
 };
 

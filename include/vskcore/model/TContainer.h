@@ -48,8 +48,8 @@ class VSK_EXPORT TContainer {
   // Destroys the class that stands under the argument's name, with its instances. Throws
   // vskStatusNotFound when absent; throws vskStatusInvalidOpSequence, after a line in the log that
   // says what it is, while a subclass, an association, a property declaration of another class, an
-  // instance or a stored reference depends on it. References that the caller keeps outside the
-  // container must not be used for that class any more.
+  // instance or a stored reference depends on it. What the caller keeps outside the
+  // container, a reference or a class derived from that one, must not be used any more.
   void RemoveClass(TCIMClass& cimClass);
 
   // Throws vskStatusNotFound when absent.

@@ -1,0 +1,81 @@
+// What stands behind a TCIMClass.
+#ifndef VSKCORE_SRC_MODEL_TCIMCLASSIMPL_H
+#define VSKCORE_SRC_MODEL_TCIMCLASSIMPL_H
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+#include <vector>
+
+#include "model/TCIMElementImpl.h"
+#include "model/TInstanceList.h"
+#include "model/TNameTable.h"
+#include "model/TPropertyLayout.h"
+#include "model/TQualifierTable.h"
+
+class TCIMClass;
+class TCIMInstance;
+class TCIMPropertyDecl;
+class TCIMReference;
+class TContainer;
+
+// Links to other classes are the addresses of their handles and own nothing. An added class stands
+// in its superclass's list of subclasses, and takes itself out when it is destroyed, unless the
+// whole container goes: the superclass may have gone before it then.
+class TCIMClassImpl final : public TCIMElementImpl {
+ public:
+  TCIMClassImpl(TCIMClass& owner, TContainer& container, std::string name, TCIMClass* superClass);
+  TCIMClassImpl(const TCIMClassImpl&) = delete;
+  TCIMClassImpl& operator=(const TCIMClassImpl&) = delete;
+  ~TCIMClassImpl() override;
+
+  void Validate() const override;
+  void AddToContainer();
+  TContainer& GetContainer() const override { return container_; }
+
+  const std::string& GetName() const { return name_; }
+  bool IsRootClass() const;
+  TCIMClass& GetSuperClass() const;
+  bool IsAssociation() const;
+  bool IsAbstract() const;
+  bool IsSubclassOf(const TCIMClass* other) const;
+  std::vector<TCIMClass*> EnumerateSubClasses(bool deep) const;
+
+  vsk::detail::TQualifierTable& Qualifiers() { return qualifiers_; }
+
+  void AddPropertyDecl(TCIMPropertyDecl& declaration);
+  void RemovePropertyDecl(const TCIMPropertyDecl& declaration);
+  const vsk::detail::TNameTable<TCIMPropertyDecl>& Properties() const { return *properties_; }
+  std::vector<std::string> EnumerateKeyNames() const;
+  // What instances made now carry.
+  boost::shared_ptr<const vsk::detail::TPropertyLayout> Layout();
+
+  void AddInstance(TCIMInstance& instance);
+  void RemoveInstance(TCIMInstance& instance);
+  TCIMInstance* FindInstance(const TCIMReference& reference) const;
+  std::vector<TCIMInstance*> EnumerateInstances(bool deep) const;
+
+ private:
+  using TPropertyTable = vsk::detail::TNameTable<TCIMPropertyDecl>;
+
+  void MakeRoomForSubClass();  // so that appending one can't fail
+  void RemoveSubClass(const TCIMClass& subClass);
+  // Whether the declaration may take the place of what is present under its name, null for nothing.
+  void CheckOverride(const TCIMPropertyDecl& declaration, const TCIMPropertyDecl* present) const;
+  // The table for a change: this class's own from here on.
+  TPropertyTable& OwnProperties();
+
+  TCIMClass& owner_;
+  TContainer& container_;
+  std::string name_;
+  TCIMClass* superClass_;  // null for the root class alone
+  vsk::detail::TQualifierTable qualifiers_;
+  // The superclass's until this class makes its first change: a subclass costs a pointer. Whoever
+  // changes a table that others hold makes its own copy first, the superclass too.
+  boost::shared_ptr<TPropertyTable> properties_;
+  boost::shared_ptr<const vsk::detail::TPropertyLayout> layout_;  // null until asked for
+  std::vector<TCIMClass*> subClasses_;  // in the order in which they joined
+  vsk::detail::TInstanceList instances_;
+  bool inContainer_ = false;
+};
+
+#endif

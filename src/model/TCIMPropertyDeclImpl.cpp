@@ -1,0 +1,23 @@
+#include "model/TCIMPropertyDeclImpl.h"
+
+#include <vskcore/model/TCIMClass.h>
+#include <vskcore/model/TCIMPropertyDecl.h>
+
+#include "model/NormalizeCIMName.h"
+
+TCIMPropertyDeclImpl::TCIMPropertyDeclImpl(TCIMPropertyDecl& owner, const std::string& name,
+                                           TCIMClass& owningClass, const TCIMValue& value)
+    : owner_(owner), name_(name), class_(owningClass), value_(value) {}
+
+void TCIMPropertyDeclImpl::AddToContainer() const {
+  Validate();
+  class_.AddPropertyDecl(owner_);
+}
+
+bool TCIMPropertyDeclImpl::operator==(const TCIMPropertyDeclImpl& other) const {
+  return NormalizeCIMName(name_) == NormalizeCIMName(other.name_);
+}
+
+bool TCIMPropertyDeclImpl::operator<(const TCIMPropertyDeclImpl& other) const {
+  return NormalizeCIMName(name_) < NormalizeCIMName(other.name_);
+}

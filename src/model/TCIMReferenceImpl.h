@@ -1,0 +1,56 @@
+// What stands behind a TCIMReference.
+#ifndef VSKCORE_SRC_MODEL_TCIMREFERENCEIMPL_H
+#define VSKCORE_SRC_MODEL_TCIMREFERENCEIMPL_H
+
+#include <vskcore/model/TCIMReference.h>
+
+#include <boost/weak_ptr.hpp>
+#include <string>
+
+class ICIMElement;
+class TCIMClass;
+class TCIMInstance;
+class TCIMInstanceImpl;
+class TContainer;
+
+// While there are bindings the class stays as it is. Bindings without a class come from
+// SetKeyBindings alone.
+class TCIMReferenceImpl {
+ public:
+  using TKeyBindings = TCIMReference::TKeyBindings;
+
+  TCIMReferenceImpl(const TCIMReference& owner, const TContainer* container);
+  TCIMReferenceImpl(const TCIMReference& owner, const TCIMReferenceImpl& other);
+  TCIMReferenceImpl(const TCIMReferenceImpl&) = delete;
+  TCIMReferenceImpl& operator=(const TCIMReferenceImpl&) = delete;
+
+  void SetContainer(const TContainer* container) { container_ = container; }
+  void Clear();
+  [[noreturn]] void SetPath() const;
+  void SetClass(TCIMClass& cimClass);
+  void SetClassName(const std::string& name);
+  // Throws vskStatusInvalidReference when no class is set.
+  TCIMClass& GetClass() const;
+  TCIMClass* FindClass() const { return class_; }
+
+  void AddKeyValue(const std::string& key, const TCIMValue& value);
+  void SetKeyBindings(TKeyBindings bindings) { bindings_.swap(bindings); }
+  const TKeyBindings& Bindings() const { return bindings_; }
+
+  std::string GetPath() const;
+  ICIMElement& GetCIMElement();
+
+  bool operator==(const TCIMReferenceImpl& other) const;
+  bool operator<(const TCIMReferenceImpl& other) const;
+
+ private:
+  const TCIMReference& owner_;
+  const TContainer* container_;
+  TCIMClass* class_;
+  TKeyBindings bindings_;
+  // The instance that was found. It may be gone since, which the watch tells.
+  TCIMInstance* resolved_;
+  boost::weak_ptr<const TCIMInstanceImpl> watch_;
+};
+
+#endif
