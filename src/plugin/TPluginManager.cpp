@@ -1,0 +1,102 @@
+#include "plugin/TPluginManager.h"
+
+#include <vskcore/core/TRootObject.h>
+#include <vskcore/core/vskLog.h>
+#include <vskcore/platform/TOSSpecific.h>
+#include <vskcore/plugin/IPluginCallbacks.h>
+
+#include <algorithm>
+#include <boost/make_shared.hpp>
+#include <utility>
+
+#include "core/base/Fail.h"
+
+namespace {
+
+IPluginManager* pluginManager = nullptr;
+
+// False when the plug-in's Initialize throws. What it throws, of any type, is its own affair and is
+// dropped: the plug-in stays listed, and IsInitialized tells.
+bool TryInitialize(TPlugin& plugin) {
+  try {
+    plugin.Initialize();
+    return true;
+  } catch (...) {
+    return false;
+  }
+}
+
+bool HasSpecificationDocument(TPlugin& plugin) {
+  const std::int32_t type = plugin.GetCallbacks()->GetType();
+  return type == 0 || type == 1;
+}
+
+}  // namespace
+
+IPluginManager* TRootObject::GetPluginManager() { return pluginManager; }
+
+TPluginManager::TPluginManager(std::string folder) : path_(std::move(folder)) {}
+
+void TPluginManager::LoadPlugins() {
+  for (const std::string& path : TOSSpecific::FindPlugins(path_)) {
+    try {
+      LoadPlugin(path);
+    } catch (const TVSKException&) {
+      // Logged where it was detected. One bad plug-in never stops the others.
+    }
+  }
+}
+
+void TPluginManager::LoadPlugin(std::string path) {
+  if (IsLoaded(path)) return;
+  vsk::detail::LogDebug(path);
+  pending_.clear();  // what registered in a load that failed, or outside of any
+  try {
+    TOSSpecific::LoadPluginLibrary(path);
+  } catch (const TVSKException&) {
+    vskWriteLog(nullptr, 0, ("DLL " + path + " failed to initialize properly").c_str());
+    return;
+  }
+  CompletePendingPlugins(path);
+}
+
+IPlugin* TPluginManager::RegisterPlugin(IPluginCallbacks* callbacks) {
+  pending_.push_back(boost::make_shared<TPlugin>(callbacks));
+  return pending_.back().get();
+}
+
+std::list<boost::shared_ptr<TPlugin>>& TPluginManager::GetPlugins() { return plugins_; }
+
+IPlugin* TPluginManager::FindPlugin(std::string name) {
+  for (const boost::shared_ptr<TPlugin>& plugin : plugins_) {
+    if (plugin->GetCallbacks()->GetName() == name) return plugin.get();
+  }
+  return nullptr;
+}
+
+TContainer* TPluginManager::GetContainer() { return &container_; }
+
+bool TPluginManager::IsLoaded(const std::string& path) const {
+  return std::any_of(plugins_.begin(), plugins_.end(),
+                     [&](const auto& plugin) { return plugin->GetPath() == path; });
+}
+
+void TPluginManager::CompletePendingPlugins(const std::string& path) {
+  while (!pending_.empty()) {
+    const boost::shared_ptr<TPlugin> plugin = pending_.front();
+    pending_.pop_front();
+    plugin->SetPath(path);
+    plugins_.push_back(plugin);
+    if (!TryInitialize(*plugin)) continue;
+    if (HasSpecificationDocument(*plugin)) plugin->LoadSpecificationDocument();
+  }
+}
+
+namespace vsk::detail {
+
+vskStatus CreatePluginManager(const std::string& folder) {
+  pluginManager = new TPluginManager(folder);
+  return vskStatusOK;
+}
+
+}  // namespace vsk::detail
