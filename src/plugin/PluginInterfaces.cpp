@@ -8,20 +8,22 @@
 #include <vskcore/plugin/IPluginWriteCallbacks.h>
 #include <vskcore/plugin/IQueryManager.h>
 
-
 IPlugin::IPlugin() = default;
 IPlugin::IPlugin(const IPlugin&) = default;
 IPlugin& IPlugin::operator=(const IPlugin&) = default;
 IPlugin::~IPlugin() = default;
 
 IPluginAdvancedQueryCallbacks::IPluginAdvancedQueryCallbacks() = default;
-IPluginAdvancedQueryCallbacks::IPluginAdvancedQueryCallbacks(const IPluginAdvancedQueryCallbacks&) = default;
-IPluginAdvancedQueryCallbacks& IPluginAdvancedQueryCallbacks::operator=(const IPluginAdvancedQueryCallbacks&) = default;
+IPluginAdvancedQueryCallbacks::IPluginAdvancedQueryCallbacks(const IPluginAdvancedQueryCallbacks&) =
+    default;
+IPluginAdvancedQueryCallbacks& IPluginAdvancedQueryCallbacks::operator=(
+    const IPluginAdvancedQueryCallbacks&) = default;
 IPluginAdvancedQueryCallbacks::~IPluginAdvancedQueryCallbacks() = default;
 
 IPluginBasicQueryCallbacks::IPluginBasicQueryCallbacks() = default;
 IPluginBasicQueryCallbacks::IPluginBasicQueryCallbacks(const IPluginBasicQueryCallbacks&) = default;
-IPluginBasicQueryCallbacks& IPluginBasicQueryCallbacks::operator=(const IPluginBasicQueryCallbacks&) = default;
+IPluginBasicQueryCallbacks& IPluginBasicQueryCallbacks::operator=(
+    const IPluginBasicQueryCallbacks&) = default;
 IPluginBasicQueryCallbacks::~IPluginBasicQueryCallbacks() = default;
 
 IPluginCallbacks::IPluginCallbacks() = default;
