@@ -56,23 +56,42 @@ class VSK_EXPORT TXmlParser {
   static const unsigned int kMaxDepth = 256;
 
  private:
-  char GetChar();
-  char PeekChar();
-  void UngetChar();
-  bool SkipWhitespace();
-  bool ValidateName();
-  bool ParseProlog();
-  bool ParseXMLDecl();
-  bool ParseMisc();
-  bool ParseDocTypeDecl();
-  bool ParseProcessingInstruction();
-  bool ParseNotationDecl();
-  bool SkipComment();
-  bool ParseElement();
-  bool ParseCharData();
+  struct TAttribute;
+  class TAttributeFiller;
+  class TLevels;
 
-  char* position_;  // the next byte to read
-  char* start_;     // the first byte of the document
+  VSK_LOCAL char GetChar();
+  VSK_LOCAL char PeekChar();
+  VSK_LOCAL void UngetChar();
+  VSK_LOCAL bool SkipWhitespace();
+  VSK_LOCAL bool ValidateName();
+  VSK_LOCAL bool ParseProlog();
+  VSK_LOCAL bool ParseXMLDecl();
+  VSK_LOCAL bool ParseMisc();
+  VSK_LOCAL bool ParseDocTypeDecl();
+  VSK_LOCAL bool ParseProcessingInstruction();
+  VSK_LOCAL bool ParseNotationDecl();
+  VSK_LOCAL bool SkipComment();
+  VSK_LOCAL bool ParseElement(TLevels& levels);
+  VSK_LOCAL bool ParseAttributes(TAttributeFiller& filler, TAttributes& attributes);
+  VSK_LOCAL bool ParseAttribute(TAttribute& attribute);
+  VSK_LOCAL bool ParseAttributeValue(char quote);
+  VSK_LOCAL bool ParseContent(TLevels& levels, const char* name);
+  VSK_LOCAL bool ParseEndTag(const char* name);
+  VSK_LOCAL bool ConsumeName(const char* name);
+  VSK_LOCAL bool ParseCharData();
+  VSK_LOCAL bool ParseReference();
+  VSK_LOCAL bool ParseNumericReference();
+  VSK_LOCAL bool ConsumeEntityName(const char* name);
+  VSK_LOCAL void DeliverByte(char byte);
+  VSK_LOCAL bool SkipPast(const char* text);
+  VSK_LOCAL bool Refuse(const char* message);
+  VSK_LOCAL void CountLinesTo(const char* place);
+
+  char* position_;        // the next byte to read
+  char* start_;           // the first byte of the document
+  const char* lineMark_;  // line feeds ahead of it are counted already; never past position_
+  unsigned int lineAtMark_;
 };
 
 #endif
