@@ -31,8 +31,9 @@ TNumber ToNumber(const TScannedInteger& scanned) {
   using TLimits = std::numeric_limits<TNumber>;
   if (!scanned.found) return 0;
   const bool below = std::is_signed_v<TNumber> && scanned.negative;
-  const std::uint64_t limit = static_cast<std::uint64_t>(TLimits::max()) + (below ? 1U : 0U);
-  if (scanned.overflow || scanned.magnitude > limit) return below ? TLimits::min() : TLimits::max();
+  if (scanned.overflow || scanned.magnitude > static_cast<std::uint64_t>(TLimits::max())) {
+    return below ? TLimits::min() : TLimits::max();
+  }
   return static_cast<TNumber>(scanned.negative ? 0 - scanned.magnitude : scanned.magnitude);
 }
 

@@ -3,6 +3,7 @@
 #include <vskcore/model/TCIMDateTime.h>
 #include <vskcore/model/TCIMReference.h>
 #include <vskcore/model/TCIMValue.h>
+#include <vskcore/model/TCIMValueImpl.h>
 #include <vskcore/model/TContainer.h>
 
 #include <functional>
@@ -176,6 +177,22 @@ TEST_F(TCIMValueText, RealsReadAsByStream) {
   }
 }
 
+TEST_F(TCIMValueText, LocaleOfTheProgramDoesNotCount) {
+  struct TComma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  const std::locale before = std::locale::global(std::locale(std::locale(), new TComma));
+  const double real = Read(TCIMType::cimReal64, "1.5");
+  const int number = Read(TCIMType::cimSint32, "12.345");
+  const std::string printed = TCIMValue(1234.5).ToString(10) + " " + TCIMValue(12345).ToString(10);
+  std::locale::global(before);
+  EXPECT_EQ(1.5, real);
+  EXPECT_EQ(12, number);
+  EXPECT_EQ("1234.5 12345", printed);
+}
+
 TEST_F(TCIMValueText, BooleansReadInAnyCase) {
   for (const char* text :
        {"true", "false", " \ttrue", "trueish", "falsetto", "tru", "", "1", "t rue"}) {
@@ -238,7 +255,7 @@ TEST(TCIMValuePrint, Radix) {
     EXPECT_EQ(expected, StatusOf([&] { EXPECT_EQ(row.hexadecimal, row.value.ToString(16)); }));
     EXPECT_EQ(expected, StatusOf([&] { EXPECT_EQ(row.octal, row.value.ToString(8)); }));
   }
-  for (const unsigned char radix : {0, 2, 9, 255}) {
+  for (const unsigned char radix : {'\0', '\2', '\t', '\x7f'}) {
     for (const TCIMValue& number : {TCIMValue(true), TCIMValue(1U), TCIMValue(1), TCIMValue(1.0)}) {
       EXPECT_EQ(vskStatusNotSupported, StatusOf([&] { number.ToString(radix); })) << +radix;
     }
@@ -307,6 +324,21 @@ TEST(TCIMValueConversion, IsStrict) {
       EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { kConversions[j](null); })) << i << " by " << j;
     }
   }
+}
+
+// The contents hold the line themselves, when somebody meets them without their value.
+TEST(TCIMValueConversion, ContentIsStrictToo) {
+  const TCIMNumericValueImpl number(5U);
+  EXPECT_EQ(5U, number.operator unsigned int());
+  EXPECT_EQ(vskStatusTypeMismatch, StatusOf([&] { number.operator int(); }));
+  EXPECT_EQ(vskStatusTypeMismatch, StatusOf([&] { number.operator std::string(); }));
+  EXPECT_FALSE(number == TCIMValue(5));
+  EXPECT_FALSE(number < TCIMValue("6"));
+  EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { (void)(number == Null(TCIMType::cimUint32)); }));
+  const TCIMStringValueImpl text("5");
+  EXPECT_FALSE(text == TCIMValue(5U));
+  EXPECT_FALSE(text < TCIMValue(TCIMDateTime(1, 2, 3, 4, 5)));
+  EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { (void)(text < Null(TCIMType::cimString)); }));
 }
 
 TEST(TCIMValueState, NullKnowsItsType) {
