@@ -11,6 +11,7 @@
 #include <vskcore/core/vskLog.h>
 #include <vskcore/core/vskStatus.h>
 #include <vskcore/core/vskVersion.h>
+#include <vskcore/identity/TCIMSchemaHelper.h>
 #include <vskcore/model/ICIMAllowQualifiers.h>
 #include <vskcore/model/ICIMElement.h>
 #include <vskcore/model/TCIMClass.h>
