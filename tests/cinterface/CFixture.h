@@ -1,0 +1,67 @@
+// A container, a query's handle and one of each opaque object, for tests of the C functions.
+#ifndef VSKCORE_TESTS_CINTERFACE_CFIXTURE_H
+#define VSKCORE_TESTS_CINTERFACE_CFIXTURE_H
+
+#include <gtest/gtest.h>
+#include <vskcore/core/TLogRecord.h>
+#include <vskcore/vskcore.h>
+#include <vskcore/vskplugin.h>
+
+#include <string>
+
+#include "cinterface/vskCIMValueArray.h"
+#include "cinterface/vskIOHandle.h"
+#include "support/StatusOf.h"
+#include "support/TLogCapture.h"
+#include "support/TSchema.h"
+
+// The class Sample_All has the key Id and one property for each CIM type, named after the type as
+// the C functions spell it ("Uint8"), and the arrays "Uint8s" and "Strings". Reference points to
+// Sample_Target, a class with the key Id.
+class CFixture : public testing::Test {
+ public:
+  using TType = TCIMValue::TCIMType;
+
+  CFixture() : schema(container), handle{nullptr, &container, nullptr} {
+    TCIMClass& target = schema.Class("Sample_Target").Key("Id", TType::cimUint32).Add();
+    all = &schema.Class("Sample_All")
+               .With("ASSOCIATION")
+               .Key("Id", TType::cimUint32)
+               .Property("Boolean", TType::cimBoolean)
+               .Property("Uint8", TType::cimUint8)
+               .Property("Sint8", TType::cimSint8)
+               .Property("Uint16", TType::cimUint16)
+               .Property("Sint16", TType::cimSint16)
+               .Property("Uint32", TType::cimUint32)
+               .Property("Sint32", TType::cimSint32)
+               .Property("Uint64", TType::cimUint64)
+               .Property("Sint64", TType::cimSint64)
+               .Property("Real64", TType::cimReal64)
+               .Property("String", TType::cimString)
+               .Property("DateTime", TType::cimDateTime)
+               .Reference("Reference", target)
+               .Property("Uint8s", TCIMValue(TType::cimUint8, 5))
+               .Property("Strings", TCIMValue(TType::cimString, 5))
+               .Add();
+  }
+
+  // Opens an instance with its key.
+  void Open(std::uint32_t id) {
+    ASSERT_EQ(vskStatusOK, vskAddClass(&handle, "Sample_All"));
+    ASSERT_EQ(vskStatusOK, vskAddUint32Property(&handle, "Id", id));
+  }
+
+  // A property of the open instance as text; "NULL" for NULL.
+  std::string Stored(const std::string& name) const {
+    const TCIMValue value = handle.currentInstance->GetProperty(name).GetValue();
+    return value.IsNull() ? "NULL" : value.ToString(10);
+  }
+
+  TLogCapture log;
+  TContainer container;
+  TSchema schema;
+  TCIMClass* all;  // Sample_All
+  vskIOHandle handle;
+};
+
+#endif

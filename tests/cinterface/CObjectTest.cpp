@@ -1,0 +1,267 @@
+#include "cinterface/CFixture.h"
+
+namespace {
+
+// ---- Date-times ----
+
+using CDateTimeTest = CFixture;
+
+TEST_F(CDateTimeTest, EachFormIsSetAndStored) {
+  Open(1);
+  TCIMDateTime* dateTime = nullptr;
+  ASSERT_EQ(vskStatusOK, vskNewCIMDateTime(&dateTime));
+  const struct {
+    vskStatus status;
+    const char* text;
+  } rows[] = {
+      {vskSetDateTime(dateTime, 2005, 10, 31, 17, 59, 18, 123456, -75),
+       "20051031175918.123456-075"},
+      {vskSetDateTimeInterval(dateTime, 3, 12, 34, 56, 789), "00000003123456.000789:000"},
+      {vskSetDateTimeString(dateTime, "20051031175918.000000+060"), "20051031175918.000000+060"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(vskStatusOK, row.status) << row.text;
+  EXPECT_EQ(rows[2].text, dateTime->ToString());
+  EXPECT_EQ(vskStatusOK, vskAddDateTimeProperty(&handle, "DateTime", dateTime));
+  EXPECT_EQ(vskStatusOK, vskSetDateTimeInterval(dateTime, 3, 12, 34, 56, 789));
+  EXPECT_EQ(rows[1].text, dateTime->ToString());
+  EXPECT_EQ(vskStatusOK, vskSetDateTime(dateTime, 2005, 10, 31, 17, 59, 18, 123456, -75));
+  EXPECT_EQ(rows[0].text, dateTime->ToString());
+  EXPECT_EQ(rows[2].text, Stored("DateTime"));
+
+  EXPECT_EQ(vskStatusInvalidDateTime, vskSetDateTimeString(dateTime, "20051031"));
+  EXPECT_EQ(vskStatusInvalidDateTime, vskSetDateTimeInterval(dateTime, 1, 24, 0, 0, 0));
+  EXPECT_EQ(vskStatusInvalidDateTime, vskSetDateTime(dateTime, 1066, 10, 14, 9, 0, 0, 0, 0));
+  EXPECT_EQ(rows[0].text, dateTime->ToString());
+  EXPECT_EQ("", log.Take());
+  EXPECT_EQ(vskStatusOK, vskDeleteCIMDateTime(dateTime));
+}
+
+// ---- References ----
+
+struct TKeyRow {
+  const char* type;
+  vskStatus (*add)(TCIMReference*, const char* key);
+  const char* stored;
+  const char* refusedBy;
+};
+
+const TKeyRow kKeys[] = {
+    {"Boolean", [](TCIMReference* r, const char* key) { return vskReferenceAddBoolean(r, key, 1); },
+     "true", "Sint8"},
+    {"Uint8", [](TCIMReference* r, const char* key) { return vskReferenceAddUint8(r, key, 200); },
+     "200", "Uint16"},
+    {"Sint8", [](TCIMReference* r, const char* key) { return vskReferenceAddSint8(r, key, -100); },
+     "-100", "Sint16"},
+    {"Uint16",
+     [](TCIMReference* r, const char* key) { return vskReferenceAddUint16(r, key, 60001); },
+     "60001", "Uint32"},
+    {"Sint16",
+     [](TCIMReference* r, const char* key) { return vskReferenceAddSint16(r, key, -30001); },
+     "-30001", "Sint32"},
+    {"Uint32",
+     [](TCIMReference* r, const char* key) { return vskReferenceAddUint32(r, key, 4000000001u); },
+     "4000000001", "Uint64"},
+    {"Sint32",
+     [](TCIMReference* r, const char* key) { return vskReferenceAddSint32(r, key, -2000000001); },
+     "-2000000001", "Sint64"},
+    {"Uint64",
+     [](TCIMReference* r, const char* key) {
+       return vskReferenceAddUint64(r, key, 18000000000000000001u);
+     },
+     "18000000000000000001", "Boolean"},
+    {"Sint64",
+     [](TCIMReference* r, const char* key) {
+       return vskReferenceAddSint64(r, key, -9000000000000000001);
+     },
+     "-9000000000000000001", "Uint8"},
+    {"String",
+     [](TCIMReference* r, const char* key) { return vskReferenceAddString(r, key, "text"); },
+     "text", "Uint8"},
+    {"DateTime",
+     [](TCIMReference* r, const char* key) {
+       const TCIMDateTime interval(3, 12, 34, 56, 789);
+       return vskReferenceAddDateTime(r, key, &interval);
+     },
+     "00000003123456.000789:000", "String"},
+    {"Reference",
+     [](TCIMReference* r, const char* key) {
+       TCIMReference target;
+       target.SetClass(r->GetClass());  // any class: keys are held against the type alone
+       return vskReferenceAddReference(r, key, &target);
+     },
+     "Sample_All", "String"},
+};
+
+using CReferenceTest = CFixture;
+
+TEST_F(CReferenceTest, EachKeyFunctionBindsItsTypeAndRefusesOthers) {
+  for (const TKeyRow& row : kKeys) {
+    SCOPED_TRACE(row.type);
+    TCIMReference* ref = nullptr;
+    ASSERT_EQ(vskStatusOK, vskNewCIMReference(&ref, &handle));
+    ASSERT_EQ(vskStatusOK, vskSetReferenceClassName(ref, "sample_all"));
+    EXPECT_EQ(vskStatusOK, row.add(ref, row.type));
+    EXPECT_EQ("Sample_All." + std::string(row.type) + "=\"" + row.stored + "\"", ref->GetPath());
+    EXPECT_EQ(vskStatusTypeMismatch, row.add(ref, row.refusedBy));
+    EXPECT_EQ(0u, log.Take().find("Declaration type: "));
+    EXPECT_EQ(vskStatusNotFound, row.add(ref, "Absent"));
+    EXPECT_EQ(vskStatusInvalidOpSequence, vskSetReferenceClassName(ref, "Sample_All"));
+    EXPECT_EQ("", log.Take());
+
+    const std::string type = row.type;
+    const bool pointer = type == "String" || type == "DateTime" || type == "Reference";
+    const std::string nullLine =
+        "vskReferenceAdd" + type +
+        (pointer ? ": NULL ref, key and/or value parameter" : ": NULL ref and/or key parameter");
+    EXPECT_EQ(vskStatusFail, row.add(ref, nullptr));
+    EXPECT_EQ(nullLine, log.Take());
+    if (type != "Reference") {  // its row asks the reference for a class to point to
+      EXPECT_EQ(vskStatusFail, row.add(nullptr, row.type));
+      EXPECT_EQ(nullLine, log.Take());
+    }
+    EXPECT_EQ(vskStatusOK, vskDeleteCIMReference(ref));
+  }
+}
+
+TEST_F(CReferenceTest, NullsArePlainlyTold) {
+  TCIMReference ref(&container);
+  ref.SetClass(*all);
+  TCIMReference* made = nullptr;
+  const struct {
+    vskStatus status;
+    const char* line;
+  } rows[] = {
+      {vskNewCIMReference(nullptr, nullptr), "vskNewCIMReference: NULL vskIOHandle parameter"},
+      {vskNewCIMReference(&made, nullptr), "vskNewCIMReference: NULL vskIOHandle parameter"},
+      {vskNewCIMReference(nullptr, &handle), "vskNewCIMReference: NULL ref parameter"},
+      {vskSetReferencePath(nullptr, "x"),
+       "vskSetReferencePath: NULL ref and/or objectName parameter"},
+      {vskSetReferencePath(&ref, nullptr),
+       "vskSetReferencePath: NULL ref and/or objectName parameter"},
+      {vskSetReferenceClassName(nullptr, "x"),
+       "vskSetReferenceClassName: NULL ref and/or className parameter"},
+      {vskSetReferenceClassName(&ref, nullptr),
+       "vskSetReferenceClassName: NULL ref and/or className parameter"},
+      {vskDeleteCIMReference(nullptr), "vskDeleteCIMReference: NULL ref parameter"},
+      {vskReferenceAddString(&ref, "String", nullptr),
+       "vskReferenceAddString: NULL ref, key and/or value parameter"},
+      {vskReferenceAddReference(&ref, "Reference", nullptr),
+       "vskReferenceAddReference: NULL ref, key and/or value parameter"},
+      {vskReferenceAddDateTime(&ref, "DateTime", nullptr),
+       "vskReferenceAddDateTime: NULL ref, key and/or value parameter"},
+      {vskNewCIMDateTime(nullptr), "vskNewCIMDateTime: NULL datetime parameter"},
+      {vskSetDateTime(nullptr, 2005, 10, 31, 17, 59, 18, 0, 0),
+       "vskSetDateTime: NULL datetime parameter"},
+      {vskSetDateTimeInterval(nullptr, 1, 2, 3, 4, 5),
+       "vskSetDateTimeInterval: NULL datetime parameter"},
+      {vskSetDateTimeString(nullptr, "x"),
+       "vskSetDateTimeString: NULL datetime and/or str parameter"},
+      {vskDeleteCIMDateTime(nullptr), "vskDeleteCIMDateTime: NULL datetime parameter"},
+      {vskNewCIMValueArray(nullptr), "vskNewCIMValueArray: NULL array parameter"},
+      {vskDeleteCIMValueArray(nullptr), "vskDeleteCIMValueArray: NULL array parameter"},
+      {vskGetLocalTime(nullptr), "vskGetLocalTime: NULL datetime "},
+      {vskGetSystemName(nullptr), "vskGetSystemName: NULL name parameter"},
+      {vskGetSystemCreationClassName(nullptr),
+       "vskGetSystemCreationClassName: NULL name parameter"},
+  };
+  const std::vector<std::string> lines = log.TakeLines();
+  ASSERT_EQ(std::size(rows), lines.size());
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    EXPECT_EQ(vskStatusFail, rows[i].status) << rows[i].line;
+    EXPECT_EQ(rows[i].line, lines[i]);
+  }
+  EXPECT_TRUE(ref.EnumerateKeyBindings().empty());
+}
+
+TEST_F(CReferenceTest, FollowsTheRulesOfReferences) {
+  TCIMReference* ref = nullptr;
+  ASSERT_EQ(vskStatusOK, vskNewCIMReference(&ref, &handle));
+  EXPECT_EQ(vskStatusInvalidOpSequence, vskReferenceAddUint32(ref, "Id", 7));
+  EXPECT_EQ(vskStatusNotImplemented, vskSetReferencePath(ref, "Sample_All.Id=\"7\""));
+  EXPECT_EQ(vskStatusNotFound, vskSetReferenceClassName(ref, "Absent"));
+  Open(7);
+  EXPECT_EQ(vskStatusInvalidReference, vskAddReferenceProperty(&handle, "Reference", ref));
+  ASSERT_EQ(vskStatusOK, vskSetReferenceClassName(ref, "Sample_Target"));
+  ASSERT_EQ(vskStatusOK, vskReferenceAddUint32(ref, "Id", 7));
+  EXPECT_EQ(vskStatusOK, vskAddReferenceProperty(&handle, "Reference", ref));
+  EXPECT_EQ("Sample_Target.Id=\"7\"", Stored("Reference"));
+  EXPECT_EQ(vskStatusOK, vskDeleteCIMReference(ref));
+}
+
+// ---- Arrays ----
+
+struct TElementRow {
+  const char* type;
+  vskStatus (*append)(vskCIMValueArray*);
+  TCIMValue::ECIMType cimType;
+  const char* stored;
+};
+
+const TElementRow kElements[] = {
+    {"Boolean", [](vskCIMValueArray* a) { return vskArrayAddBoolean(a, 1); },
+     CFixture::TType::cimBoolean, "true"},
+    {"Uint8", [](vskCIMValueArray* a) { return vskArrayAddUint8(a, 200); },
+     CFixture::TType::cimUint8, "200"},
+    {"Sint8", [](vskCIMValueArray* a) { return vskArrayAddSint8(a, -100); },
+     CFixture::TType::cimSint8, "-100"},
+    {"Uint16", [](vskCIMValueArray* a) { return vskArrayAddUint16(a, 60001); },
+     CFixture::TType::cimUint16, "60001"},
+    {"Sint16", [](vskCIMValueArray* a) { return vskArrayAddSint16(a, -30001); },
+     CFixture::TType::cimSint16, "-30001"},
+    {"Uint32", [](vskCIMValueArray* a) { return vskArrayAddUint32(a, 4000000001u); },
+     CFixture::TType::cimUint32, "4000000001"},
+    {"Sint32", [](vskCIMValueArray* a) { return vskArrayAddSint32(a, -2000000001); },
+     CFixture::TType::cimSint32, "-2000000001"},
+    {"Uint64", [](vskCIMValueArray* a) { return vskArrayAddUint64(a, 18000000000000000001u); },
+     CFixture::TType::cimUint64, "18000000000000000001"},
+    {"Sint64", [](vskCIMValueArray* a) { return vskArrayAddSint64(a, -9000000000000000001); },
+     CFixture::TType::cimSint64, "-9000000000000000001"},
+    {"String", [](vskCIMValueArray* a) { return vskArrayAddString(a, "text"); },
+     CFixture::TType::cimString, "text"},
+    {"DateTime",
+     [](vskCIMValueArray* a) {
+       const TCIMDateTime interval(3, 12, 34, 56, 789);
+       return vskArrayAddDateTime(a, &interval);
+     },
+     CFixture::TType::cimDateTime, "00000003123456.000789:000"},
+};
+
+using CArrayTest = CFixture;
+
+TEST_F(CArrayTest, EachFunctionAppendsItsType) {
+  vskCIMValueArray array;
+  for (const TElementRow& row : kElements) {
+    SCOPED_TRACE(row.type);
+    ASSERT_EQ(vskStatusOK, row.append(&array));
+    EXPECT_EQ(row.cimType, array.elements.back().GetType());
+    EXPECT_EQ(row.stored, array.elements.back().ToString(10));
+    EXPECT_EQ(vskStatusFail, row.append(nullptr));
+    const std::string type = row.type;
+    const bool pointer = type == "String" || type == "DateTime";
+    EXPECT_EQ("vskArrayAdd" + type +
+                  (pointer ? ": NULL array and/or value parameter" : ": NULL array parameter"),
+              log.Take());
+  }
+  EXPECT_EQ(std::size(kElements), array.elements.size());
+  EXPECT_EQ(vskStatusOK, vskArrayAddBoolean(&array, 0));
+  EXPECT_EQ("false", array.elements.back().ToString(10));
+}
+
+TEST_F(CArrayTest, ReferencesAndNullValues) {
+  vskCIMValueArray array;
+  TCIMReference ref;
+  ref.SetClass(*all);
+  EXPECT_EQ(vskStatusOK, vskArrayAddReference(&array, &ref));
+  EXPECT_EQ("Sample_All", array.elements.back().ToString(10));
+  EXPECT_EQ(vskStatusFail, vskArrayAddString(&array, nullptr));
+  EXPECT_EQ(vskStatusFail, vskArrayAddReference(&array, nullptr));
+  EXPECT_EQ(vskStatusFail, vskArrayAddDateTime(&array, nullptr));
+  EXPECT_EQ(
+      "vskArrayAddString: NULL array and/or value parameter\n"
+      "vskArrayAddReference: NULL array and/or value parameter\n"
+      "vskArrayAddDateTime: NULL array and/or value parameter",
+      log.Take());
+  EXPECT_EQ(1u, array.elements.size());
+}
+
+}  // namespace

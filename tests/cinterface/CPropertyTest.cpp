@@ -1,0 +1,236 @@
+#include "cinterface/CFixture.h"
+
+namespace {
+
+// One row for each typed function: its door, how it is called with a good value, what is stored,
+// and the property of another type that refuses it.
+struct TPropertyRow {
+  const char* type;
+  vskStatus (*add)(vskIOHandle*, const char* name);
+  const char* stored;
+  const char* refusedBy;
+};
+
+const TPropertyRow kRows[] = {
+    {"Boolean", [](vskIOHandle* h, const char* name) { return vskAddBooleanProperty(h, name, 1); },
+     "true", "Sint8"},
+    {"Uint8", [](vskIOHandle* h, const char* name) { return vskAddUint8Property(h, name, 200); },
+     "200", "Uint16"},
+    {"Sint8", [](vskIOHandle* h, const char* name) { return vskAddSint8Property(h, name, -100); },
+     "-100", "Sint16"},
+    {"Uint16",
+     [](vskIOHandle* h, const char* name) { return vskAddUint16Property(h, name, 60001); }, "60001",
+     "Uint32"},
+    {"Sint16",
+     [](vskIOHandle* h, const char* name) { return vskAddSint16Property(h, name, -30001); },
+     "-30001", "Sint32"},
+    {"Uint32",
+     [](vskIOHandle* h, const char* name) { return vskAddUint32Property(h, name, 4000000001u); },
+     "4000000001", "Uint64"},
+    {"Sint32",
+     [](vskIOHandle* h, const char* name) { return vskAddSint32Property(h, name, -2000000001); },
+     "-2000000001", "Sint64"},
+    {"Uint64",
+     [](vskIOHandle* h, const char* name) {
+       return vskAddUint64Property(h, name, 18000000000000000001u);
+     },
+     "18000000000000000001", "Boolean"},
+    {"Sint64",
+     [](vskIOHandle* h, const char* name) {
+       return vskAddSint64Property(h, name, -9000000000000000001);
+     },
+     "-9000000000000000001", "Uint8"},
+    {"String",
+     [](vskIOHandle* h, const char* name) { return vskAddStringProperty(h, name, "text"); }, "text",
+     "Uint8"},
+};
+
+using CPropertyTest = CFixture;
+
+TEST_F(CPropertyTest, EachTypedFunctionStoresItsTypeAndRefusesOthers) {
+  Open(1);
+  for (const TPropertyRow& row : kRows) {
+    SCOPED_TRACE(row.type);
+    EXPECT_EQ(vskStatusOK, row.add(&handle, row.type));
+    EXPECT_EQ(row.stored, Stored(row.type));
+
+    const std::string before = Stored(row.refusedBy);
+    EXPECT_EQ(vskStatusTypeMismatch, row.add(&handle, row.refusedBy));
+    EXPECT_EQ(before, Stored(row.refusedBy));
+    const std::vector<std::string> lines = log.TakeLines();
+    ASSERT_EQ(2u, lines.size());
+    EXPECT_EQ("AddProperty: CIM class Sample_All threw exception vskStatusTypeMismatch", lines[1]);
+
+    EXPECT_EQ(vskStatusNotFound, row.add(&handle, "Absent"));
+    EXPECT_EQ("AddProperty: CIM class Sample_All threw exception vskStatusNotFound", log.Take());
+    EXPECT_EQ(vskStatusFail, row.add(nullptr, row.type));
+    EXPECT_EQ("vskAddCIMValueProperty: NULL vskIOHandle parameter", log.Take());
+    const std::string nullName = std::string(row.type) == "String"
+                                     ? "vskAddStringProperty: NULL value and/or name parameter"
+                                     : "vskAddCIMValueProperty: NULL name parameter";
+    EXPECT_EQ(vskStatusFail, row.add(&handle, nullptr));
+    EXPECT_EQ(nullName, log.Take());
+  }
+}
+
+TEST_F(CPropertyTest, WithoutAnOpenInstanceIsRefused) {
+  for (const TPropertyRow& row : kRows) {
+    SCOPED_TRACE(row.type);
+    EXPECT_EQ(vskStatusInvalidClass, row.add(&handle, row.type));
+    EXPECT_EQ("vskAddProperty: no current instance", log.Take());
+  }
+  EXPECT_EQ(vskStatusInvalidClass, vskAddProperty(&handle, "Id", "1"));
+  EXPECT_EQ("vskAddProperty: no current instance", log.Take());
+  vskCIMValueArray array;
+  EXPECT_EQ(vskStatusInvalidClass, vskAddArrayProperty(&handle, "Uint8s", &array));
+  EXPECT_EQ("vskAddProperty: no current instance", log.Take());
+}
+
+TEST_F(CPropertyTest, PointerArgumentsAreTestedBeforeTheHandle) {
+  const TCIMDateTime dateTime;
+  const TCIMReference reference;
+  const vskCIMValueArray array;
+  const struct {
+    vskStatus status;
+    const char* line;
+  } rows[] = {
+      {vskAddStringProperty(nullptr, "String", nullptr),
+       "vskAddStringProperty: NULL value and/or name parameter"},
+      {vskAddArrayProperty(nullptr, nullptr, &array),
+       "vskAddArrayProperty: NULL name and/or pArray parameter"},
+      {vskAddArrayProperty(nullptr, "Uint8s", nullptr),
+       "vskAddArrayProperty: NULL name and/or pArray parameter"},
+      {vskAddArrayProperty(nullptr, "Uint8s", &array),
+       "vskAddCIMValueProperty: NULL vskIOHandle parameter"},
+      {vskAddReferenceProperty(nullptr, nullptr, &reference),
+       "vskAddReferenceProperty: NULL name and/or pRef parameter"},
+      {vskAddReferenceProperty(nullptr, "Reference", nullptr),
+       "vskAddReferenceProperty: NULL name and/or pRef parameter"},
+      {vskAddDateTimeProperty(nullptr, nullptr, &dateTime),
+       "vskAddDateTimeProperty: NULL name and/or pDateTime parameter"},
+      {vskAddDateTimeProperty(nullptr, "DateTime", nullptr),
+       "vskAddDateTimeProperty: NULL name and/or pDateTime parameter"},
+      {vskAddProperty(nullptr, "Id", "1"), "vskAddProperty: NULL vskIOHandle parameter"},
+      {vskAddProperty(&handle, nullptr, "1"), "vskAddProperty: NULL name and/or value parameter"},
+      {vskAddProperty(&handle, "Id", nullptr), "vskAddProperty: NULL name and/or value parameter"},
+      {vskAddClass(nullptr, "Sample_All"), "vskAddClass: NULL vskIOHandle parameter"},
+      {vskAddClass(&handle, nullptr), "vskAddClass: NULL name parameter"},
+  };
+  const std::vector<std::string> lines = log.TakeLines();
+  ASSERT_EQ(std::size(rows), lines.size());
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    EXPECT_EQ(vskStatusFail, rows[i].status) << rows[i].line;
+    EXPECT_EQ(rows[i].line, lines[i]);
+  }
+}
+
+TEST_F(CPropertyTest, TextIsReadAsTheDeclaredType) {
+  Open(1);
+  EXPECT_EQ(vskStatusOK, vskAddProperty(&handle, "uint16", "0x1F"));
+  EXPECT_EQ("31", Stored("Uint16"));
+  EXPECT_EQ(vskStatusOK, vskAddProperty(&handle, "Real64", "2.5"));
+  EXPECT_EQ("2.5", Stored("Real64"));
+  EXPECT_EQ(vskStatusNotFound, vskAddProperty(&handle, "Absent", "1"));
+  EXPECT_EQ("vskAddProperty: CIM class Sample_All threw exception vskStatusNotFound name='Absent'",
+            log.Take());
+  EXPECT_EQ(vskStatusInvalidDateTime, vskAddProperty(&handle, "DateTime", "yesterday"));
+  EXPECT_EQ("vskAddProperty: CIM class Sample_All threw exception vskStatusInvalidDateTime",
+            log.Take());
+  EXPECT_EQ("NULL", Stored("DateTime"));
+}
+
+// A value that has no text is refused alike, whether or not the trace is read.
+TEST_F(CPropertyTest, ValueWithoutTextIsRefusedAtEveryThreshold) {
+  Open(1);
+  TCIMReference nullKey(&container);
+  nullKey.SetClassName("Sample_Target");
+  nullKey.AddKeyValue("Id", TCIMValue(TType::cimUint32, 0));
+  const TCIMValue reference(nullKey);
+  const TCIMValue array(TType::cimUint8, 0, {TCIMValue(TType::cimUint8, 0)});
+  const TCIMValue null = TCIMValue(TType::cimUint8, 0);
+  const TCIMDateTime noDateTime;
+  for (const int level : {2, 4}) {
+    TRootObject::GetCoreLogger()->SetLevel(level);
+    EXPECT_EQ(vskStatusValueIsNULL, vskAddCIMValueProperty(&handle, "Uint8", &null));
+    EXPECT_EQ(vskStatusValueIsNULL, vskAddCIMValueProperty(&handle, "Uint8s", &array));
+    EXPECT_EQ(vskStatusValueIsNULL, vskAddCIMValueProperty(&handle, "Reference", &reference));
+    EXPECT_EQ(vskStatusInvalidDateTime, vskAddDateTimeProperty(&handle, "DateTime", &noDateTime));
+    EXPECT_EQ("", log.Take());
+  }
+  TRootObject::GetCoreLogger()->SetLevel(3);
+}
+
+TEST_F(CPropertyTest, BordersOfTheTypes) {
+  Open(1);
+  EXPECT_EQ(vskStatusOK, vskAddBooleanProperty(&handle, "Boolean", 2));
+  EXPECT_EQ("true", Stored("Boolean"));
+  EXPECT_EQ(vskStatusOK, vskAddBooleanProperty(&handle, "Boolean", 0));
+  EXPECT_EQ("false", Stored("Boolean"));
+  EXPECT_EQ(vskStatusOK, vskAddStringProperty(&handle, "String", ""));
+  EXPECT_EQ("", Stored("String"));
+  EXPECT_EQ(vskStatusOK, vskAddUint8Property(&handle, "Uint8", 7));
+  EXPECT_EQ(vskStatusOK, vskAddUint8Property(&handle, "UINT8", 9));
+  EXPECT_EQ("9", Stored("Uint8"));
+}
+
+TEST_F(CPropertyTest, ArraysKeepTheirElementsAndAreCopied) {
+  Open(1);
+  vskCIMValueArray* array = nullptr;
+  ASSERT_EQ(vskStatusOK, vskNewCIMValueArray(&array));
+  EXPECT_EQ(vskStatusOK, vskAddArrayProperty(&handle, "Uint8s", array));
+  EXPECT_EQ("{  }", Stored("Uint8s"));
+  Open(2);
+  vskArrayAddUint8(array, 30);
+  vskArrayAddUint8(array, 10);
+  EXPECT_EQ(vskStatusOK, vskAddArrayProperty(&handle, "Uint8s", array));
+  vskArrayAddUint8(array, 20);
+  EXPECT_EQ("{ 30, 10 }", Stored("Uint8s"));
+  EXPECT_EQ(vskStatusInvalidProperty, vskAddArrayProperty(&handle, "Strings", array));
+  EXPECT_EQ("ERROR: Attempting to create array of type string, but element is of type uint8.",
+            log.Take());
+  EXPECT_EQ(vskStatusNotFound, vskAddArrayProperty(&handle, "Absent", array));
+  EXPECT_EQ("", log.Take());
+  EXPECT_EQ(vskStatusOK, vskDeleteCIMValueArray(array));
+}
+
+using CClassTest = CFixture;
+
+TEST_F(CClassTest, NextClassAddsTheOpenInstance) {
+  Open(7);
+  EXPECT_TRUE(all->EnumerateInstances(false).empty());
+  Open(8);
+  ASSERT_EQ(1u, all->EnumerateInstances(false).size());
+  EXPECT_EQ("Sample_All.Id=\"7\"", all->EnumerateInstances(false)[0]->BuildPath().GetPath());
+  EXPECT_EQ(vskStatusNotFound, vskAddClass(&handle, "Absent"));
+  EXPECT_EQ("vskAddClass: GetClass(Absent) threw exception vskStatusNotFound", log.Take());
+  EXPECT_EQ(2u, all->EnumerateInstances(false).size());
+  EXPECT_EQ(nullptr, handle.currentInstance);
+}
+
+TEST_F(CClassTest, InstanceThatIsRefusedStaysOpen) {
+  ASSERT_EQ(vskStatusOK, vskAddClass(&handle, "Sample_All"));
+  EXPECT_EQ(vskStatusInvalidInstance, vskAddClass(&handle, "Sample_All"));
+  EXPECT_EQ(
+      "Instance Sample_All: key property Id is NULL\n"
+      "vskAddClass: CIM class Sample_All threw exception vskStatusInvalidInstance",
+      log.Take());
+  ASSERT_EQ(vskStatusOK, vskAddUint32Property(&handle, "Id", 3));
+  EXPECT_EQ(vskStatusOK, vskAddClass(&handle, "Sample_All"));
+  EXPECT_EQ(1u, all->EnumerateInstances(false).size());
+}
+
+TEST_F(CClassTest, InstanceThatCannotBeMadeIsTold) {
+  schema.Class("Sample_Broken")
+      .Key("Id", TType::cimUint32)
+      .Property("DateTimeOfCollection", TType::cimString)
+      .Add();
+  EXPECT_EQ(vskStatusTypeMismatch, vskAddClass(&handle, "Sample_Broken"));
+  EXPECT_EQ(
+      "SetValue: decl is type string but value is type datetime\n"
+      "vskAddClass: Allocate instance (CIM class Sample_Broken) threw exception "
+      "vskStatusTypeMismatch",
+      log.Take());
+  EXPECT_EQ(nullptr, handle.currentInstance);
+}
+
+}  // namespace
