@@ -1,0 +1,13 @@
+#include <vskcore/core/vskVersion.h>
+
+#include "common/TInstanceWriter.h"
+#include "identity/Identity.h"
+
+void CollectProduct(const TSource&, TContainer& target, TCIMClass& cimClass) {
+  TInstanceWriter(target, cimClass)
+      .Set("InstanceID", "product:vskcore")
+      .Set("ElementName", "vskcore")
+      .Set("Name", "vskcore")
+      .Set("Version", VSK_VERSION)
+      .Add();
+}
