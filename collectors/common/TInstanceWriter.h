@@ -34,8 +34,8 @@ class TInstanceWriter {
   template <typename TElement>
   TInstanceWriter& SetList(const std::string& name, TCIMValue::ECIMType elementType,
                            const std::vector<TElement>& elements) {
-    return Set(name, TCIMValue(elementType, 0,
-                               std::vector<TCIMValue>(elements.begin(), elements.end())));
+    return Set(name,
+               TCIMValue(elementType, 0, std::vector<TCIMValue>(elements.begin(), elements.end())));
   }
 
   // Validates the instance and gives it to its class. The writer is empty afterwards.

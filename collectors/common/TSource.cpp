@@ -13,9 +13,7 @@ namespace {
 
 constexpr int kMaxLinks = 40;  // as many as the kernel follows
 
-fs::path Below(const fs::path& root, const fs::path& path) {
-  return root / path.relative_path();
-}
+fs::path Below(const fs::path& root, const fs::path& path) { return root / path.relative_path(); }
 
 // The file on this machine that stands for path, links followed below root; empty when they loop.
 fs::path Resolve(const fs::path& root, const fs::path& path) {

@@ -8,9 +8,7 @@ namespace {
 
 constexpr std::int64_t kSecondsPerDay = 86400;
 
-bool IsLeapYear(std::int64_t year) {
-  return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-}
+bool IsLeapYear(std::int64_t year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
 
 // Days from 1970-01-01; month counts from 1. Each year before adds 365 and its leap day.
 std::int64_t DaysSince1970(std::int64_t year, int month, int day) {
@@ -23,13 +21,11 @@ std::int64_t DaysSince1970(std::int64_t year, int month, int day) {
 
 std::optional<TCIMDateTime> Timestamp(const std::tm& time, std::int64_t offsetMinutes) {
   try {
-    return TCIMDateTime(static_cast<unsigned short>(time.tm_year + 1900),
-                        static_cast<unsigned short>(time.tm_mon + 1),
-                        static_cast<unsigned int>(time.tm_mday),
-                        static_cast<unsigned short>(time.tm_hour),
-                        static_cast<unsigned short>(time.tm_min),
-                        static_cast<unsigned short>(time.tm_sec), 0u,
-                        static_cast<short>(offsetMinutes));
+    return TCIMDateTime(
+        static_cast<unsigned short>(time.tm_year + 1900),
+        static_cast<unsigned short>(time.tm_mon + 1), static_cast<unsigned int>(time.tm_mday),
+        static_cast<unsigned short>(time.tm_hour), static_cast<unsigned short>(time.tm_min),
+        static_cast<unsigned short>(time.tm_sec), 0u, static_cast<short>(offsetMinutes));
   } catch (const TVSKException&) {
     return std::nullopt;
   }

@@ -7,7 +7,6 @@ void CollectProduct(const TSource&, TContainer& target, TCIMClass& cimClass) {
   TInstanceWriter(target, cimClass)
       .Set("InstanceID", "product:vskcore")
       .Set("ElementName", "vskcore")
-      .Set("Name", "vskcore")
       .Set("Version", VSK_VERSION)
       .Add();
 }

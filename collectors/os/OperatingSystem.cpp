@@ -56,7 +56,8 @@ std::optional<std::vector<std::string>> Words(const std::string& text) {
 
 void ParseDistribution(const TOperatingSystemSource& source, TOperatingSystem& system) {
   const auto values = ParseOsRelease(source.osRelease.value_or(""));
-  system.name = FirstNamed(values, {"PRETTY_NAME", "NAME", "ID"});
+  system.title = FirstNamed(values, {"PRETTY_NAME", "NAME", "ID"});
+  system.name = FirstNamed(values, {"NAME", "ID"});
   // A rolling distribution has no version, but builds.
   system.version = FirstNamed(values, {"VERSION_ID", "VERSION", "BUILD_ID"});
   system.distribution = Named(values, "ID");
@@ -192,11 +193,10 @@ TOperatingSystem ParseOperatingSystem(const TOperatingSystemSource& source) {
   return system;
 }
 
-void WriteOperatingSystem(const TOperatingSystem& system, TContainer& target,
-                          TCIMClass& cimClass) {
+void WriteOperatingSystem(const TOperatingSystem& system, TContainer& target, TCIMClass& cimClass) {
   TInstanceWriter writer(target, cimClass);
   writer.Set("InstanceID", "os:running")
-      .Set("ElementName", system.name)
+      .Set("ElementName", system.title)
       .Set("Name", system.name)
       .Set("Version", system.version)
       .Set("PointRelease", system.pointRelease)

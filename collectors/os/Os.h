@@ -51,6 +51,7 @@ struct TMemory {
 };
 
 struct TOperatingSystem {
+  std::optional<std::string> title;  // name and version together
   std::optional<std::string> name;
   std::optional<std::string> version;
   std::optional<std::string> pointRelease;
@@ -84,7 +85,7 @@ void CollectOperatingSystem(const TSource& source, TContainer& target, TCIMClass
 // passed over.
 std::map<std::string, std::string> ParseOsRelease(const std::string& text);
 // The parts of the others that have rules of their own.
-std::optional<std::uint64_t> ParseUptime(const std::string& text);   // whole seconds
+std::optional<std::uint64_t> ParseUptime(const std::string& text);    // whole seconds
 std::optional<std::uint64_t> ParseBootTime(const std::string& stat);  // seconds since 1970
 std::optional<TLoad> ParseLoad(const std::string& text);
 TMemory ParseMemory(const std::string& memInfo);  // in bytes
@@ -104,6 +105,8 @@ struct TVulnerability {
 // The kernel's sentence becomes a state by its first words; what it says beyond them stays in the
 // description. "Unknown" and words not known here give no state.
 std::optional<std::uint8_t> ParseVulnerabilityState(const std::string& text);
+// What the fault is called outside the kernel; its own name where that is not known here.
+std::string VulnerabilityTitle(const std::string& name);
 std::vector<TVulnerability> ReadVulnerabilities(const TSource& source);
 void WriteVulnerability(const TVulnerability& vulnerability, TContainer& target,
                         TCIMClass& cimClass);
