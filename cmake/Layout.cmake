@@ -9,13 +9,12 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${VSK_BIN_DIR})
 # vsk_add_collector(NAME SOURCES...): a plug-in with its specification document beside it.
 function(vsk_add_collector name)
   add_library(collector_${name} MODULE ${ARGN})
-  target_link_libraries(collector_${name} PRIVATE vskcore vsk_warnings)
-  target_include_directories(collector_${name} PRIVATE ${PROJECT_SOURCE_DIR}/collectors)
+  target_link_libraries(collector_${name} PRIVATE collector_common vsk_warnings)
+  target_link_options(collector_${name} PRIVATE -Wl,--no-undefined)
   set_target_properties(collector_${name} PROPERTIES
     PREFIX "" OUTPUT_NAME ${name} SUFFIX .pi.so
     LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${VSK_CORE_DIR}/${name}
-    BUILD_RPATH_USE_ORIGIN ON
-    BUILD_RPATH "$ORIGIN/.." INSTALL_RPATH "$ORIGIN/..")
+    BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "$ORIGIN/..")
   configure_file(${name}.properties.xml
     ${CMAKE_BINARY_DIR}/${VSK_CORE_DIR}/${name}/${name}.properties.xml COPYONLY)
   install(TARGETS collector_${name} LIBRARY DESTINATION ${VSK_CORE_DIR}/${name}

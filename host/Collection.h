@@ -1,0 +1,29 @@
+// One run of the core: start, load the plug-ins, collect.
+#ifndef VSKCORE_HOST_COLLECTION_H
+#define VSKCORE_HOST_COLLECTION_H
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "Arguments.h"
+
+class TCIMClass;
+
+// Why the program can't go on, in words for its user, and how it ends.
+class THostFailure : public std::runtime_error {
+ public:
+  THostFailure(EExit exit, const std::string& reason) : std::runtime_error(reason), exit_(exit) {}
+  EExit GetExit() const { return exit_; }
+
+ private:
+  EExit exit_;
+};
+
+// Collects what the arguments name, or everything, and gives the classes that have instances of
+// their own, in the order in which to show them. They belong to the core and live as long as the
+// process. Throws THostFailure when the core did not start, a class is unknown, or there is nothing
+// to show.
+std::vector<const TCIMClass*> Collect(const TArguments& arguments);
+
+#endif
