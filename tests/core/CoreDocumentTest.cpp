@@ -57,7 +57,7 @@ TEST_F(CoreDocumentTest, DeclaresWhatTheCoreReads) {
     const TCIMQualifierDecl* const declaration = container.FindQualifierDecl(row.name);
     ASSERT_NE(nullptr, declaration);
     EXPECT_EQ(row.type, declaration->GetType());
-    if (row.flavor != -1) EXPECT_EQ(row.flavor, declaration->GetFlavor());
+    EXPECT_TRUE(row.flavor == -1 || row.flavor == declaration->GetFlavor());
   }
 }
 
@@ -78,8 +78,8 @@ TEST_F(CoreDocumentTest, ItsBasesServeConcreteClasses) {
   EXPECT_EQ("Not available", instance.GetProperty("ElementName").ToString());
   EXPECT_EQ(
       "Sample_Cools : ZNTSG_Dependency [^ASSOCIATION=true] {"
-      " Antecedent reference Sample_Fan [KEY=true] = NULL;"
-      " Dependent reference Sample_Disk [KEY=true] = NULL }",
+      " Antecedent reference Sample_Fan [KEY=true];"
+      " Dependent reference Sample_Disk [KEY=true] }",
       Picture(container.GetClass("Sample_Cools")));
 }
 
