@@ -24,8 +24,10 @@ class VSK_EXPORT TOSSpecific {
   // fails.
   static void OutputLogString(std::string text);
 
-  // Loads a plug-in's library and runs its initialisation to the end. It is never unloaded.
-  // Throws vskStatusFileSystemError; why the loader refused it is logged at level 3.
+  // Loads a plug-in's library and runs its initialisation to the end. It is never unloaded. A bare
+  // name is a file of the current directory. Throws vskStatusFileSystemError; why the loader
+  // refused it is logged at level 3. No exception may leave the library's initialisation: the
+  // C++ run-time ends the process then.
   static void LoadPluginLibrary(std::string path);
 
   // Makes one directory; its parent must exist. Throws vskStatusDirectoryAlreadyExists,
@@ -35,7 +37,10 @@ class VSK_EXPORT TOSSpecific {
   // gives false, other errors throw vskStatusFileSystemError.
   static bool DirExists(std::string path);
   static bool FileExists(std::string path);
-  // Copies a file over an existing one. Throws vskStatusAccessDenied or vskStatusFileSystemError.
+  // Copies a file's content over an existing one, which keeps its permissions, or to a new one with
+  // the permissions of the source. A file copied onto itself stays as it is; a failure on the way
+  // leaves the target incomplete. Throws vskStatusAccessDenied, for a directory on either side too,
+  // or vskStatusFileSystemError.
   static void FileCopy(std::string from, std::string to);
   // In bytes. Throws vskStatusFileNotFound, for a directory too, or vskStatusFileSystemError.
   static std::uint64_t GetFileSize(std::string path);
@@ -62,7 +67,8 @@ class VSK_EXPORT TOSSpecific {
   // Suspends the thread. Milliseconds, whatever the name says.
   static void USleep(unsigned int count);
 
-  // Whether a key press waits on the console (the process's standard input, when it is a terminal).
+  // Whether a key press waits on the console, the process's standard input. Where that is no
+  // terminal, whether there is something to read.
   static bool IsKeyWaiting();
   // Reads one key without echo, blocking until there is one. -1 when input has ended.
   static int GetKeyboardChar();

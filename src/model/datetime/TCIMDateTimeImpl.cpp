@@ -62,10 +62,13 @@ std::tm BrokenDown(std::time_t seconds) {
   return *time;
 }
 
-// In the zone's standard time, as CalendarTime reads it.
+// In the zone's standard time, as CalendarTime reads it. What reading a summer's clock without
+// daylight saving adds is the saving: an hour in most zones, half of one or less than none in some.
 std::tm StandardWallClock(std::int64_t seconds) {
   const std::tm time = BrokenDown(seconds);
-  return time.tm_isdst > 0 ? BrokenDown(seconds - 3600) : time;
+  if (time.tm_isdst <= 0) return time;
+  const std::int64_t saving = MakeTime(time) - seconds;
+  return BrokenDown(seconds - saving);
 }
 
 // The interval of a total of microseconds.

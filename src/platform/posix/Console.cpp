@@ -15,7 +15,7 @@ namespace {
 // from the background would stop the process.
 class TKeyMode {
  public:
-  TKeyMode() : active_(IsForeground() && tcgetattr(STDIN_FILENO, &before_) == 0) {
+  TKeyMode() : active_(!IsOtherJobs() && tcgetattr(STDIN_FILENO, &before_) == 0) {
     if (!active_) return;
     termios keys = before_;
     keys.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
@@ -30,7 +30,10 @@ class TKeyMode {
   TKeyMode& operator=(const TKeyMode&) = delete;
 
  private:
-  static bool IsForeground() { return tcgetpgrp(STDIN_FILENO) == getpgrp(); }
+  static bool IsOtherJobs() {
+    const pid_t job = tcgetpgrp(STDIN_FILENO);
+    return job != -1 && job != getpgrp();
+  }
   static void Set(const termios& settings) {
     Uninterrupted([&] { return tcsetattr(STDIN_FILENO, TCSANOW, &settings); });
   }

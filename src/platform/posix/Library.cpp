@@ -9,28 +9,13 @@
 using std::string;
 using vsk::detail::LogDebug;
 
-namespace {
-
-// Opens the library for the rest of the process's life; false, after the reason went to the log.
-// An exception that leaves the library's own initialisation counts as a refusal.
-bool Open(const string& path) {
-  try {
-    if (dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) != nullptr) return true;
-  } catch (...) {
-    LogDebug(path + ": exception during initialisation");
-    return false;
-  }
-  const char* const reason = dlerror();
-  LogDebug(reason != nullptr ? reason : path);
-  return false;
-}
-
-}  // namespace
-
 void TOSSpecific::LoadPluginLibrary(string path) {
   // A bare name would be sought in the system's folders, and an empty one mean this program.
   if (path.find(kFileSeparator) == string::npos) path.insert(0, "." + kFileSeparator);
-  if (!Open(path)) throw TVSKException(vskStatusFileSystemError);
+  if (dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) != nullptr) return;
+  const char* const reason = dlerror();
+  LogDebug(reason != nullptr ? reason : path);
+  throw TVSKException(vskStatusFileSystemError);
 }
 
 string vsk::detail::LibraryPath(const void* addressInside) {
