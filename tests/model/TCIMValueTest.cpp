@@ -9,7 +9,6 @@
 #include <functional>
 #include <limits>
 #include <locale>
-#include <memory>
 #include <sstream>
 #include <type_traits>
 #include <utility>
@@ -160,14 +159,6 @@ TEST_F(TCIMValueText, NumbersAtTheirLimitsReadAsByStream) {
                   5));
 }
 
-TEST_F(TCIMValueText, BaseComesFromTheText) {
-  EXPECT_EQ(31, static_cast<unsigned char>(Read(TCIMType::cimUint8, "0x1F")));
-  EXPECT_EQ(15, static_cast<short>(Read(TCIMType::cimSint16, "017")));
-  EXPECT_EQ(44, static_cast<unsigned char>(Read(TCIMType::cimUint8, "300")));
-  EXPECT_EQ(0, static_cast<unsigned char>(Read(TCIMType::cimUint8, "256")));
-  EXPECT_EQ(-56, static_cast<signed char>(Read(TCIMType::cimSint8, "200")));
-}
-
 TEST_F(TCIMValueText, RealsReadAsByStream) {
   for (const char* text :
        {"1.5", " -2.25e3xyz", "1e", "1e+", ".5", "5.", "1e400", "-1e400", "1e-400", "3,5", "inf",
@@ -255,9 +246,11 @@ TEST(TCIMValuePrint, Radix) {
     EXPECT_EQ(expected, StatusOf([&] { EXPECT_EQ(row.hexadecimal, row.value.ToString(16)); }));
     EXPECT_EQ(expected, StatusOf([&] { EXPECT_EQ(row.octal, row.value.ToString(8)); }));
   }
-  for (const unsigned char radix : {'\0', '\2', '\t', '\x7f'}) {
+  for (const int radix : {0, 2, 9, 255}) {
     for (const TCIMValue& number : {TCIMValue(true), TCIMValue(1U), TCIMValue(1), TCIMValue(1.0)}) {
-      EXPECT_EQ(vskStatusNotSupported, StatusOf([&] { number.ToString(radix); })) << +radix;
+      EXPECT_EQ(vskStatusNotSupported,
+                StatusOf([&] { number.ToString(static_cast<unsigned char>(radix)); }))
+          << radix;
     }
   }
 }
@@ -395,35 +388,37 @@ TEST(TCIMValueState, ReferencedClass) {
   EXPECT_EQ(nullptr, TCIMValue(value).FindReferencedClass());
 }
 
-TEST(TCIMValueCompare, Orders) {
-  const TElements ascending = {Null(TCIMType::cimString),
-                               false,
-                               true,
-                               static_cast<unsigned char>(200),
-                               static_cast<unsigned char>(255),
-                               static_cast<signed char>(-1),
-                               static_cast<signed char>(1),
-                               static_cast<unsigned short>(255),
-                               static_cast<unsigned short>(65535),
-                               static_cast<short>(-1),
-                               static_cast<short>(1),
-                               1000U,
-                               4000000000U,
-                               -2,
-                               1,
-                               std::uint64_t{1},
-                               std::uint64_t{1} << 63,
-                               std::int64_t{-1},
-                               std::int64_t{1} << 32,
-                               -0.5F,
-                               0.5F,
-                               -1e300,
-                               1e300,
-                               "B",
-                               "a",
-                               "a ",
-                               TCIMDateTime(1, 0, 0, 0, 0),
-                               TCIMDateTime(1, 0, 0, 0, 1)};
+TEST_F(TCIMValueText, ReadsIntoATotalOrder) {
+  const std::pair<const char*, const char*> kAscending[] = {
+      {"boolean", "false"},
+      {"boolean", "true"},
+      {"uint8", "200"},
+      {"uint8", "255"},
+      {"sint8", "-1"},
+      {"sint8", "1"},
+      {"uint16", "255"},
+      {"uint16", "65535"},
+      {"sint16", "-1"},
+      {"sint16", "1"},
+      {"uint32", "1000"},
+      {"uint32", "4000000000"},
+      {"sint32", "-2"},
+      {"sint32", "1"},
+      {"uint64", "1"},
+      {"uint64", "0x8000000000000000"},
+      {"sint64", "-1"},
+      {"sint64", "4294967296"},
+      {"real32", "-0.5"},
+      {"real32", "0.5"},
+      {"real64", "-1e300"},
+      {"real64", "1e300"},
+      {"string", "B"},
+      {"string", "a"},
+      {"string", "a "},
+      {"datetime", "00000001000000.000000:000"},
+      {"datetime", "00000001000000.000001:000"}};
+  TElements ascending = {Null(TCIMType::cimString)};
+  for (const auto& [type, text] : kAscending) ascending.push_back(Read(TCIMType(type), text));
   for (std::size_t i = 0; i < ascending.size(); ++i) {
     for (std::size_t j = 0; j < ascending.size(); ++j) {
       SCOPED_TRACE(std::to_string(i) + " and " + std::to_string(j));
@@ -516,15 +511,6 @@ TEST(TCIMValueSet, FailureLeavesAKnownState) {
   }
 }
 
-TEST(TCIMValueSet, EqualValueChangesNothing) {
-  TCIMValue target(TCIMType::cimUint8, 3);
-  target.Set(1U);
-  TCIMValue source(TCIMType::cimUint8, 8);
-  source.Set(1U);
-  target = source;
-  EXPECT_EQ(3U, target.GetMaxArraySize());
-}
-
 TEST(TCIMValueSet, ArrayTakesItsElementsOnly) {
   TLogCapture log;
   TCIMValue value;
@@ -550,7 +536,7 @@ TEST(TCIMValueSet, OutOfItsOwnContent) {
   EXPECT_EQ("{ a long text that needs memory of its own, second }", value.ToString(10));
   value.Set(static_cast<TElements&>(value)[0]);
   EXPECT_EQ("a long text that needs memory of its own", value.ToString(10));
-  value = value;
+  value.Set(value);
   EXPECT_EQ("a long text that needs memory of its own", value.ToString(10));
 
   TLogCapture log;
