@@ -122,7 +122,7 @@ class VSK_EXPORT TCIMValue {
   void Set(float value);
   void Set(double value);
   void Set(const std::string& value);
-  void Set(const char* value);
+  void Set(const char* value);  // not null
   void Set(const TCIMDateTime& value);
   // Also takes over the reference's class as the referenced class. A reference without a class
   // throws vskStatusInvalidReference, with the reference already stored. A reference whose
