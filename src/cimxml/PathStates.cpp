@@ -11,8 +11,7 @@ using vsk::detail::ForEachAttribute;
 namespace {
 
 bool IsKey(const TCIMPropertyDecl& declaration) {
-  static const std::string kKey = "KEY";
-  return vsk::detail::IsTrue(declaration.FindQualifier(kKey));
+  return vsk::detail::IsTrue(declaration.FindQualifier("KEY"));
 }
 
 const TCIMPropertyDecl* FindFirstKey(const TCIMClass& cimClass) {

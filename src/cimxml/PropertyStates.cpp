@@ -13,8 +13,8 @@ using vsk::detail::ForEachAttribute;
 
 namespace {
 
-// Assignment without the copy where it would be one: over a NULL nothing is compared, and nothing
-// of a value without referenced class and bound outlives it.
+// Assignment, without a copy where the target is NULL: nothing is compared then, and nothing of a
+// NULL that has neither bound nor referenced class would stay.
 void Assign(TCIMValue& target, TCIMValue&& value) {
   if (!target.IsNull() || value.IsNull()) {
     target = value;
@@ -22,6 +22,10 @@ void Assign(TCIMValue& target, TCIMValue&& value) {
   }
   target.~TCIMValue();
   new (&target) TCIMValue(std::move(value));
+}
+
+bool IsFixed(TCIMQualifierDecl::EFlavor flavor) {
+  return (flavor & TCIMQualifierDecl::flavorOverridable) == 0;
 }
 
 }  // namespace
@@ -65,9 +69,15 @@ void TCIMXMLParser::TStateQualifier::HandleAttributes(TCIMXMLParser& parser,
 
 void TCIMXMLParser::TStateQualifier::AddToOwner() {
   auto qualifier = std::make_unique<TCIMQualifier>(*declaration_, value_, flavor_);
+  const bool repeats = RepeatsFixed();
   owner_->AddQualifier(*qualifier);
-  // A mere repeat of one that is there stays ours.
-  if (&owner_->GetQualifier(name_) == qualifier.get()) qualifier.release();
+  if (!repeats) qualifier.release();
+}
+
+bool TCIMXMLParser::TStateQualifier::RepeatsFixed() const {
+  if (!IsFixed(flavor_)) return false;
+  const TCIMQualifier* const stored = find_(*owner_, name_);
+  return stored != nullptr && IsFixed(stored->GetFlavor());
 }
 
 bool TCIMXMLParser::TScalarContent::IsValue(EElement element) {

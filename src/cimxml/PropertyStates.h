@@ -20,14 +20,24 @@
 // trace: the superclass supplies it.
 class TCIMXMLParser::TStateQualifier : public TParseState {
  public:
-  explicit TStateQualifier(ICIMAllowQualifiers* owner) : owner_(owner) {}
+  // TOwner is TCIMClass or TCIMPropertyDecl.
+  template <typename TOwner>
+  explicit TStateQualifier(TOwner* owner)
+      : owner_(owner), find_([](const ICIMAllowQualifiers& in, const std::string& name) {
+          return static_cast<const TOwner&>(in).FindQualifier(name);
+        }) {}
   void StartChildElement(TCIMXMLParser& parser, std::string& name,
                          TAttributes& attributes) override;
   void EndOwnElement(TCIMXMLParser& parser, std::string& name) override;
   void HandleAttributes(TCIMXMLParser& parser, TAttributes& attributes) override;
 
  private:
+  using TFind = const TCIMQualifier* (*)(const ICIMAllowQualifiers& in, const std::string& name);
+
   void AddToOwner();
+  // Whether the owner can at most take this one for a repeat of one that it has, and then leaves it
+  // here.
+  bool RepeatsFixed() const;
 
   ICIMAllowQualifiers* owner_;
   std::string name_;
@@ -38,6 +48,7 @@ class TCIMXMLParser::TStateQualifier : public TParseState {
   TCIMValue value_;
   bool valueGiven_ = false;
   const TCIMQualifierDecl* declaration_ = nullptr;
+  TFind find_;
 };
 
 // What the three property elements differ in: the attributes that describe the content, the element

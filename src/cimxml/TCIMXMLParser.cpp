@@ -82,7 +82,14 @@ std::optional<bool> BoolIn(std::string_view text) {
 
 std::string NoBool(const std::string& text) { return "'" + text + "' is neither true nor false"; }
 
+// The lengths come first, which settles most comparisons.
+bool IsNamed(const TXmlParser::TAttributes::iterator& attribute, std::string_view name) {
+  return attribute->first == name;
+}
+
 }  // namespace
+
+const unsigned int TCIMXMLParser::kMaxSpecificationDocumentSize;
 
 TCIMXMLParser::TCIMXMLParser(TContainer* container)
     : container_(container), qk482Mode_(false), element_(EElement::kUnknown) {
@@ -176,49 +183,49 @@ void TCIMXMLParser::FoldName(const char* name) {
 }
 
 bool TCIMXMLParser::HandleCIMName(TAttributes::iterator& attribute, std::string* name) {
-  if (attribute->first != "name") return false;
+  if (!IsNamed(attribute, "name")) return false;
   *name = attribute->second;
   return true;
 }
 
 bool TCIMXMLParser::HandleCIMType(TAttributes::iterator& attribute, TCIMValue::TCIMType* type) {
-  if (attribute->first != "type") return false;
+  if (!IsNamed(attribute, "type")) return false;
   *type = TCIMValue::TCIMType(attribute->second);
   return true;
 }
 
 bool TCIMXMLParser::HandleClassOrigin(TAttributes::iterator& attribute, std::string* classOrigin) {
-  if (attribute->first != "classorigin") return false;
+  if (!IsNamed(attribute, "classorigin")) return false;
   *classOrigin = attribute->second;
   return true;
 }
 
 bool TCIMXMLParser::HandlePropagated(TAttributes::iterator& attribute, bool& propagated) {
-  if (attribute->first != "propagated") return false;
+  if (!IsNamed(attribute, "propagated")) return false;
   propagated = ReadBool(attribute->second);
   return true;
 }
 
 bool TCIMXMLParser::HandleArraySize(TAttributes::iterator& attribute, unsigned int& arraySize) {
-  if (attribute->first != "arraysize") return false;
+  if (!IsNamed(attribute, "arraysize")) return false;
   arraySize = ConvertUnsignedInt(attribute->second);
   return true;
 }
 
 bool TCIMXMLParser::HandleSuperClass(TAttributes::iterator& attribute, std::string* name) {
-  if (attribute->first != "superclass") return false;
+  if (!IsNamed(attribute, "superclass")) return false;
   *name = attribute->second;
   return true;
 }
 
 bool TCIMXMLParser::HandleClassName(TAttributes::iterator& attribute, std::string* name) {
-  if (attribute->first != "classname") return false;
+  if (!IsNamed(attribute, "classname")) return false;
   *name = attribute->second;
   return true;
 }
 
 bool TCIMXMLParser::HandleReferenceClass(TAttributes::iterator& attribute, std::string* name) {
-  if (attribute->first != "referenceclass") return false;
+  if (!IsNamed(attribute, "referenceclass")) return false;
   *name = attribute->second;
   return true;
 }
@@ -226,11 +233,11 @@ bool TCIMXMLParser::HandleReferenceClass(TAttributes::iterator& attribute, std::
 bool TCIMXMLParser::HandleQualifierFlavor(TAttributes::iterator& attribute,
                                           TCIMQualifierDecl::EFlavor* flavor) {
   TCIMQualifierDecl::EFlavor bit = TCIMQualifierDecl::flavorNone;
-  if (attribute->first == "overridable") {
+  if (IsNamed(attribute, "overridable")) {
     bit = TCIMQualifierDecl::flavorOverridable;
-  } else if (attribute->first == "tosubclass") {
+  } else if (IsNamed(attribute, "tosubclass")) {
     bit = TCIMQualifierDecl::flavorToSubclass;
-  } else if (attribute->first == "translatable") {
+  } else if (IsNamed(attribute, "translatable")) {
     bit = TCIMQualifierDecl::flavorTranslatable;
   } else {
     return false;

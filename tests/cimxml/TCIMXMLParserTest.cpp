@@ -1,0 +1,151 @@
+#include <vskcore/model/TCIMDateTime.h>
+#include <vskcore/model/TCIMInstance.h>
+#include <vskcore/model/TCIMValue.h>
+
+#include <memory>
+
+#include "cimxml/TDocumentTest.h"
+#include "support/Picture.h"
+
+namespace {
+
+using TCIMXMLParserEngine = TDocumentTest;
+
+TEST_F(TCIMXMLParserEngine, BooleanIsAWordInAnyCase) {
+  const struct {
+    const char* text;
+    const char* result;  // a word, or the line in the log
+  } kRows[] = {
+      {"true", "true"},
+      {" \t\nTRUE ", "true"},
+      {"False", "false"},
+      {"falsework", "false"},
+      {"", "TCIMXMLParser: '' is neither true nor false"},
+      {"tru", "TCIMXMLParser: 'tru' is neither true nor false"},
+      {"1", "TCIMXMLParser: '1' is neither true nor false"},
+  };
+  for (const auto& row : kRows) {
+    std::string text = row.text;
+    std::string result;
+    const vskStatus status =
+        StatusOf([&] { result = TCIMXMLParser::ConvertBool(text) ? "true" : "false"; });
+    EXPECT_EQ(result.empty() ? vskStatusInvalidSpecificationDocument : vskStatusOK, status);
+    EXPECT_EQ(row.result, result + log.Take());
+  }
+}
+
+TEST_F(TCIMXMLParserEngine, NumberIsDecimalAndFits) {
+  TCIMXMLParser parser(&container);
+  char nothing[] = "<CIM/>";
+  parser.Parse(nothing);
+  const struct {
+    const char* text;
+    const char* result;
+  } kRows[] = {
+      {" 42 apples", "42"},
+      {"010", "10"},
+      {"4294967295", "4294967295"},
+      {"4294967296", "CIM-XML Parser line 1:'4294967296' is no unsigned number"},
+      {"-1", "CIM-XML Parser line 1:'-1' is no unsigned number"},
+      {" ", "CIM-XML Parser line 1:' ' is no unsigned number"},
+  };
+  for (const auto& row : kRows) {
+    std::string text = row.text;
+    std::string result;
+    const vskStatus status =
+        StatusOf([&] { result = std::to_string(parser.ConvertUnsignedInt(text)); });
+    EXPECT_EQ(result.empty() ? vskStatusInvalidSpecificationDocument : vskStatusOK, status);
+    EXPECT_EQ(row.result, result + log.Take());
+  }
+}
+
+TEST_F(TCIMXMLParserEngine, ValueThatCannotBeReadHasNoType) {
+  using TCIMType = TCIMValue::TCIMType;
+  TCIMXMLParser parser(&container);
+  for (const TCIMValue::ECIMType type :
+       {TCIMType::cimNone, TCIMType::cimChar, TCIMType::cimReference,
+        TCIMType::cimUint8 | TCIMType::cimArrayFlag}) {
+    std::string text = "7";
+    const TCIMValue value = parser.ParseValue(type, text);
+    EXPECT_EQ(TCIMType::cimNone, value.GetType());
+    EXPECT_TRUE(value.IsNull());
+  }
+  EXPECT_EQ("", log.Take());
+}
+
+TEST_F(TCIMXMLParserEngine, LinesOfTheFailureAreCounted) {
+  EXPECT_EQ(vskStatusInvalidSpecificationDocument,
+            Load("<?xml version='1.0'?>\n<CIM>\n <DECLARATION\n/>\n  <FOO></FOO></CIM>"));
+  EXPECT_EQ(
+      "CIM-XML Parser line 5:Unexpected element foo\n"
+      "TCIMXMLParser: Threw exception vskStatusInvalidSpecificationDocument on line 5",
+      log.Take());
+  // What the reader finds itself is told in one line.
+  EXPECT_EQ(vskStatusInvalidSpecificationDocument, Load("<CIM>\n</cim>"));
+  EXPECT_EQ("CIM-XML Parser line 2:Start and end element names don't match", log.Take());
+}
+
+TEST_F(TCIMXMLParserEngine, TextIsGatheredByItsEndNotByItsLength) {
+  Given(Group(kQualifiers + std::string("<VALUE.OBJECT><CLASS NAME='Sample_Thing'>") +
+              Property("Id", "string", kKey) + "</CLASS></VALUE.OBJECT>"));
+  Given(Thing(Property("Id", "string", Value("a&#0;b&#x43;&lt;"))));
+  EXPECT_EQ("Sample_Thing{Id=\"abC<\"}",
+            Picture(*container.GetClass("Sample_Thing").EnumerateInstances(false).front()));
+}
+
+// The copy goes on where the other stood, even when that one is gone.
+TEST_F(TCIMXMLParserEngine, CopySharesTheOpenElements) {
+  TXmlParser::TAttributes none;
+  auto parser = std::make_unique<TCIMXMLParser>(&container);
+  char start[] = "<CIM/>";
+  parser->Parse(start);
+  parser->StartElement("CIM", none);
+  parser->StartElement("Declaration", none);
+  TContainer other;
+  TCIMXMLParser assigned(&other);
+  assigned = *parser;
+  TCIMXMLParser copy(*parser);
+  parser.reset();
+  EXPECT_EQ(vskStatusInvalidSpecificationDocument,
+            StatusOf([&] { assigned.StartElement("CIM", none); }));
+  log.Take();
+  copy.StartElement("declgroup", none);
+  for (int open = 3; open > 0; --open) copy.EndElement("any");
+  copy.StartElement("CIM", none);
+  EXPECT_EQ("", log.Take());
+}
+
+// Each cut falls into another state; what had been built until then is released.
+TEST_F(TCIMXMLParserEngine, EveryPrefixOfADocumentFailsCleanly) {
+  const std::string classes =
+      kQualifiers + std::string("<VALUE.OBJECT><CLASS NAME='Sample_Thing'>") +
+      Property("Id", "uint32", kKey + Value("5")) +
+      "<PROPERTY.ARRAY NAME='Codes' TYPE='string' ARRAYSIZE='2'><VALUE.ARRAY><VALUE>a</VALUE>"
+      "<VALUE>b</VALUE></VALUE.ARRAY></PROPERTY.ARRAY><METHOD><A/></METHOD></CLASS></VALUE.OBJECT>"
+      "<VALUE.OBJECT><CLASS NAME='Sample_Link'>" +
+      kAssociation + "<PROPERTY.REFERENCE NAME='End' REFERENCECLASS='Sample_Thing'>" + kKey +
+      "</PROPERTY.REFERENCE></CLASS></VALUE.OBJECT>";
+  const std::string objects =
+      "<VALUE.OBJECT><INSTANCE CLASSNAME='Sample_Thing'>" +
+      Property("Id", "uint32", Value("1&#49;")) +
+      "</INSTANCE></VALUE.OBJECT><VALUE.OBJECT><INSTANCE CLASSNAME='Sample_Link'>"
+      "<PROPERTY.REFERENCE NAME='End'><VALUE.REFERENCE><INSTANCENAME CLASSNAME='Sample_Thing'>"
+      "<KEYBINDING NAME='Id'><KEYVALUE>11</KEYVALUE></KEYBINDING></INSTANCENAME></VALUE.REFERENCE>"
+      "</PROPERTY.REFERENCE></INSTANCE></VALUE.OBJECT>";
+  const std::string document = Group(classes + objects);
+  for (std::size_t length = 0; length < document.size(); ++length) {
+    TContainer own;
+    std::vector<char> buffer(document.begin(),
+                             document.begin() + static_cast<std::ptrdiff_t>(length));
+    buffer.push_back('\0');
+    TCIMXMLParser parser(&own);
+    EXPECT_EQ(vskStatusInvalidSpecificationDocument, StatusOf([&] { parser.Parse(buffer.data()); }))
+        << document.substr(0, length);
+    EXPECT_EQ(1U, log.TakeLines().size()) << document.substr(0, length);
+  }
+  Given(document);
+  EXPECT_EQ("Sample_Link{End=<Sample_Thing.Id=11>}",
+            Picture(*container.GetClass("Sample_Link").EnumerateInstances(false).front()));
+}
+
+}  // namespace
