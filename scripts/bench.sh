@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Builds the benches in release form and runs them. VSK_DATA may name a folder with
+# dmtf-schema.xml.gz and gen_instances.py; without it they run on synthetic documents.
+# Options are passed to cmake.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+devices=10000  # makes about 50 MB of instances
+
+packages=(g++ cmake ninja-build python3 libboost-dev zlib1g-dev libcurl4-openssl-dev
+  libexpat1-dev libxml2-dev libpugixml-dev)
+missing=()
+for package in "${packages[@]}"; do
+  state=$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null || true)
+  [[ $state == "install ok installed" ]] || missing+=("$package")
+done
+if ((${#missing[@]} > 0)); then
+  if ((EUID != 0)); then
+    echo "Missing packages; as root: apt-get install ${missing[*]}" >&2
+    exit 1
+  fi
+  apt-get update -q
+  DEBIAN_FRONTEND=noninteractive apt-get install -qy --no-install-recommends "${missing[@]}"
+fi
+
+cmake --preset release -B build/bench -DVSK_BENCH=ON -DVSK_TESTS=OFF "$@"
+cmake --build build/bench --target bench_reader bench_load bench_memory
+
+documents=()
+if [[ -n ${VSK_DATA:-} ]]; then
+  folder=$(mktemp -d)
+  trap 'rm -rf "$folder"' EXIT
+  gunzip -c "$VSK_DATA/dmtf-schema.xml.gz" > "$folder/schema.xml"
+  python3 "$VSK_DATA/gen_instances.py" "$devices" > "$folder/instances.xml"
+  documents=("$folder/schema.xml" "$folder/instances.xml")
+else
+  echo "VSK_DATA is not set: the benches run on synthetic documents."
+fi
+
+for bench in reader load memory; do
+  "build/bench/bin/bench_$bench" "${documents[@]}"
+done
