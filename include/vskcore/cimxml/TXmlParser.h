@@ -53,7 +53,7 @@ class VSK_EXPORT TXmlParser {
   // of Parse on.
   unsigned int GetCurLine();
 
-  static const unsigned int kMaxDepth = 256;
+  static constexpr unsigned int kMaxDepth = 256;
 
  private:
   struct TAttribute;
