@@ -63,6 +63,17 @@ std::vector<TCIMInstance*> TCIMClass::EnumerateInstances(bool deep) const {
   return impl_->EnumerateInstances(deep);
 }
 
+std::vector<TCIMClass*> TCIMClass::References(const std::string& resultClass,
+                                              const std::string& role) const {
+  return impl_->References(resultClass, role);
+}
+std::vector<TCIMClass*> TCIMClass::Associators(const std::string& assocClass,
+                                               const std::string& resultClass,
+                                               const std::string& role,
+                                               const std::string& resultRole) const {
+  return impl_->Associators(assocClass, resultClass, role, resultRole);
+}
+
 bool TCIMClass::operator==(const TCIMClass& other) const { return GetName() == other.GetName(); }
 bool TCIMClass::operator<(const TCIMClass& other) const { return GetName() < other.GetName(); }
 

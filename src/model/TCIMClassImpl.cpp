@@ -51,10 +51,18 @@ void TCIMClassImpl::Validate() const {
 
 void TCIMClassImpl::AddToContainer() {
   Validate();
-  if (superClass_ != nullptr) superClass_->impl_->MakeRoomForSubClass();
-  container_.AddClass(owner_);  // refuses the root class; nothing fails any more from here on
+  const std::string key = container_.impl_->CheckNewClass(owner_);  // refuses the root class
+  const std::vector<TCIMClass*> ends =
+      IsAssociation() ? AssociationEnds() : std::vector<TCIMClass*>();
+  for (TCIMClass* end : ends) end->impl_->associations_.MakeRoom();
+  std::vector<std::string> keys(ends.size(), key);
+  superClass_->impl_->MakeRoomForSubClass();
+  container_.AddClass(owner_);  // nothing fails any more from here on
   superClass_->impl_->subClasses_.push_back(&owner_);
   inContainer_ = true;
+  for (std::size_t i = 0; i < ends.size(); ++i) {
+    ends[i]->impl_->associations_.Add(std::move(keys[i]), owner_);
+  }
 }
 
 bool TCIMClassImpl::IsRootClass() const {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "model/TAssociationSet.h"
 #include "model/TCIMElementImpl.h"
 #include "model/TInstanceList.h"
 #include "model/TNameTable.h"
@@ -54,6 +55,11 @@ class TCIMClassImpl final : public TCIMElementImpl {
   TCIMInstance* FindInstance(const TCIMReference& reference) const;
   std::vector<TCIMInstance*> EnumerateInstances(bool deep) const;
 
+  std::vector<TCIMClass*> References(const std::string& resultClass, const std::string& role) const;
+  std::vector<TCIMClass*> Associators(const std::string& assocClass, const std::string& resultClass,
+                                      const std::string& role, const std::string& resultRole) const;
+  const vsk::detail::TAssociationSet& Associations() const { return associations_; }
+
  private:
   using TPropertyTable = vsk::detail::TNameTable<TCIMPropertyDecl>;
 
@@ -63,6 +69,16 @@ class TCIMClassImpl final : public TCIMElementImpl {
   void CheckOverride(const TCIMPropertyDecl& declaration, const TCIMPropertyDecl* present) const;
   // The table for a change: this class's own from here on.
   TPropertyTable& OwnProperties();
+
+  // Where this class registers, being an association.
+  std::vector<TCIMClass*> AssociationEnds() const;
+  // Calls visit(end, association) for what is registered at this class and, walking up, at its
+  // superclasses, as far as it derives from associationClass (null: nothing does).
+  template <typename TVisit>
+  void VisitAssociations(const TCIMClass* associationClass, TVisit&& visit) const;
+  // All ends of the association but this class's own, as far as they derive from result.
+  void AppendFarEnds(const TCIMClass& association, const TCIMClass& result,
+                     const std::string& roleKey, std::vector<TCIMClass*>& all) const;
 
   TCIMClass& owner_;
   TContainer& container_;
@@ -74,6 +90,7 @@ class TCIMClassImpl final : public TCIMElementImpl {
   boost::shared_ptr<TPropertyTable> properties_;
   boost::shared_ptr<const vsk::detail::TPropertyLayout> layout_;  // null until asked for
   std::vector<TCIMClass*> subClasses_;  // in the order in which they joined
+  vsk::detail::TAssociationSet associations_;
   vsk::detail::TInstanceList instances_;
   bool inContainer_ = false;
 };

@@ -30,6 +30,17 @@ std::vector<const TCIMProperty*> TCIMInstance::EnumerateProperties() const {
 
 TCIMReference TCIMInstance::BuildPath() const { return impl_->BuildPath(); }
 
+std::vector<TCIMInstance*> TCIMInstance::References(const std::string& resultClass,
+                                                    const std::string& role) const {
+  return impl_->References(resultClass, role);
+}
+std::vector<TCIMInstance*> TCIMInstance::Associators(const std::string& assocClass,
+                                                     const std::string& resultClass,
+                                                     const std::string& role,
+                                                     const std::string& resultRole) const {
+  return impl_->Associators(assocClass, resultClass, role, resultRole);
+}
+
 bool TCIMInstance::operator==(const TCIMInstance& other) const { return *impl_ == *other.impl_; }
 bool TCIMInstance::operator<(const TCIMInstance& other) const { return *impl_ < *other.impl_; }
 

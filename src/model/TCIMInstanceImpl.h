@@ -39,6 +39,12 @@ class TCIMInstanceImpl final : public TCIMElementImpl {
 
   TCIMReference BuildPath() const;
 
+  std::vector<TCIMInstance*> References(const std::string& resultClass,
+                                        const std::string& role) const;
+  std::vector<TCIMInstance*> Associators(const std::string& assocClass,
+                                         const std::string& resultClass, const std::string& role,
+                                         const std::string& resultRole) const;
+
   // Whether this stands in its class's list.
   bool IsListed() const { return listed_; }
   void MarkListed() { listed_ = true; }
@@ -47,6 +53,12 @@ class TCIMInstanceImpl final : public TCIMElementImpl {
   bool operator<(const TCIMInstanceImpl& other) const;
 
  private:
+  // Whether a reference of that association, under that role where one is given, ends here.
+  bool PointsHere(const TCIMInstance& association, const std::string& role) const;
+  // The instances at all ends of the association but this one's own.
+  void AppendFarEnds(const TCIMInstance& association, const TCIMClass& result,
+                     const std::string& roleKey, std::vector<TCIMInstance*>& all) const;
+
   TCIMInstance& owner_;
   TCIMClass& class_;
   // The class's when this was made. It keeps the declarations alive, so it goes after the

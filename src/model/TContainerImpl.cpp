@@ -57,11 +57,15 @@ TCIMClass* TContainerImpl::FindClass(const std::string& name) const {
   return name.empty() ? rootClass_ : classes_.Find(name);
 }
 
-void TContainerImpl::AddClass(TCIMClass& cimClass) {
+std::string TContainerImpl::CheckNewClass(const TCIMClass& cimClass) const {
   const std::string& name = cimClass.GetName();
   std::string key = NormalizeCIMName(name);
   if (classes_.FindKey(key) != nullptr) FailTaken("class " + name);
-  classes_.Adopt(std::move(key), cimClass);
+  return key;
+}
+
+void TContainerImpl::AddClass(TCIMClass& cimClass) {
+  classes_.Adopt(CheckNewClass(cimClass), cimClass);
 }
 
 void TContainerImpl::RemoveClass(const TCIMClass& cimClass) {

@@ -37,6 +37,8 @@ class TContainerImpl {
   void SetRootClass(TCIMClass& rootClass) { rootClass_ = &rootClass; }
   TCIMClass& GetRootClass() const { return *rootClass_; }
   TCIMClass* FindClass(const std::string& name) const;
+  // Fails as AddClass would, and changes nothing. Gives the class's key.
+  std::string CheckNewClass(const TCIMClass& cimClass) const;
   void AddClass(TCIMClass& cimClass);
   void RemoveClass(const TCIMClass& cimClass);
 

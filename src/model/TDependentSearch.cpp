@@ -89,8 +89,14 @@ std::string Describe(const TCIMPropertyDecl& declaration, const TCIMClass& user)
   return "property " + declaration.GetName() + " of class " + user.GetName();
 }
 
+bool IsRegisteredAt(const TCIMClass& end, const TCIMClass& association) {
+  const std::vector<TCIMClass*> all = end.References("", "");
+  return std::find(all.begin(), all.end(), &association) != all.end();
+}
+
 // What in or at the class depends on the other, "" for nothing.
 std::string DependentIn(const TCIMClass& user, const TCIMClass& doomed) {
+  if (IsRegisteredAt(user, doomed)) return "the association set of class " + user.GetName();
   if (QualifierPointsAt(user, doomed)) return "a qualifier of class " + user.GetName();
   for (const TCIMPropertyDecl* declaration : DeclarationsOf(user)) {
     if (Uses(*declaration, doomed)) return Describe(*declaration, user);

@@ -95,6 +95,17 @@ class VSK_EXPORT TCIMClass : public ICIMElement, public ICIMAllowQualifiers {
   // subclass in turn.
   std::vector<TCIMInstance*> EnumerateInstances(bool deep) const;
 
+  // The association classes that refer to this class or to one of its superclasses, nearest first,
+  // by name at each. They derive from resultClass (empty: any), and under the property named role
+  // (empty: any) they refer to that very class. An association with this class at both ends is not
+  // among them. Empty for an unknown class; throws vskStatusInvalidCIMName for a bad name.
+  std::vector<TCIMClass*> References(const std::string& resultClass, const std::string& role) const;
+  // The classes at the far ends of those associations, as declared there: of associations that
+  // derive from assocClass, ends that derive from resultClass, this class in role, the other in
+  // resultRole; empty names stand for any. Duplicates stay. Fails likewise.
+  std::vector<TCIMClass*> Associators(const std::string& assocClass, const std::string& resultClass,
+                                      const std::string& role, const std::string& resultRole) const;
+
   // The names, compared exactly: case counts here, though the container ignores it.
   bool operator==(const TCIMClass& other) const;
   bool operator<(const TCIMClass& other) const;

@@ -59,6 +59,19 @@ class VSK_EXPORT TCIMInstance : public ICIMElement {
   // The class and the keys, NULL keys too, as they are now.
   TCIMReference BuildPath() const;
 
+  // The instances of the associations that TCIMClass::References gives whose reference, under that
+  // role (empty: any), resolves to this very instance. A reference whose target isn't there is
+  // passed over; any other failure of a look-up is thrown on, vskStatusValueIsNULL of a NULL
+  // reference among them.
+  std::vector<TCIMInstance*> References(const std::string& resultClass,
+                                        const std::string& role) const;
+  // The instances at the far ends of those associations. With a resultRole a far end that isn't
+  // there throws vskStatusNotFound, without one it is passed over. A reference to a class alone
+  // gives nothing. Duplicates stay. Empty for an unknown resultClass.
+  std::vector<TCIMInstance*> Associators(const std::string& assocClass,
+                                         const std::string& resultClass, const std::string& role,
+                                         const std::string& resultRole) const;
+
   // Same class object and equal properties. The comparison of values may throw.
   bool operator==(const TCIMInstance& other) const;
   // By the address of the class alone: two instances of one class never order.
@@ -66,6 +79,7 @@ class VSK_EXPORT TCIMInstance : public ICIMElement {
 
  private:
   friend class TCIMClassImpl;
+  friend class TCIMInstanceImpl;
   friend class TCIMReferenceImpl;
 
   // Not offered: always throws vskStatusNotImplemented.

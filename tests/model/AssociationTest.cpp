@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/Picture.h"
+#include "support/StatusOf.h"
+#include "support/TLogCapture.h"
+#include "support/TSchema.h"
+
+namespace {
+
+using TType = TCIMValue::TCIMType;
+
+TCIMValue Number(unsigned int number) { return TCIMValue(number); }
+
+std::string Names(const std::vector<TCIMClass*>& classes) {
+  std::string names;
+  for (const TCIMClass* cimClass : classes) names += cimClass->GetName() + " ";
+  return names;
+}
+
+std::string Names(const std::vector<TCIMInstance*>& instances) {
+  std::string names;
+  for (const TCIMInstance* instance : instances) {
+    const TCIMReference path = instance->BuildPath();
+    names += path.GetClassName() + path.EnumerateKeyBindings().at("Id").ToString(10) + " ";
+  }
+  return names;
+}
+
+// Box, a base; Disk below it; Port apart. Holds ties Box (Whole) to Port (Part); Derived derives
+// from it. Wears ties Disk (Near) to Port (Far), with its references in an order that is not that
+// of their ends. Chain has Disk and its own superclass Box at its ends, Twin has Port at both.
+class AssociationTest : public testing::Test {
+ protected:
+  AssociationTest() : schema(container) {
+    box = &schema.Class("Sample_Box").Key("Id", TType::cimUint32).Add();
+    disk = &schema.Class("Sample_Disk", box).Add();
+    port = &schema.Class("Sample_Port").Key("Id", TType::cimUint32).Add();
+    holds = &Association("sample_holds", "Whole", *box, "Part", *port);
+    wears = &Association("Sample_Wears", "Near", *disk, "Far", *port);
+    chain = &Association("Sample_Chain", "Above", *box, "Below", *disk);
+    twin = &Association("Sample_Twin", "One", *port, "Two", *port);
+    derived = &schema.Class("Sample_Derived", holds).Add();
+  }
+
+  TCIMClass& Association(const std::string& name, const std::string& first, TCIMClass& firstEnd,
+                         const std::string& second, TCIMClass& secondEnd) {
+    return schema.Class(name)
+        .With("ASSOCIATION")
+        .Key("Id", TType::cimUint32)
+        .Reference(first, firstEnd)
+        .Reference(second, secondEnd)
+        .Add();
+  }
+
+  TCIMValue To(TCIMClass& cimClass, unsigned int id) {
+    return TCIMValue(schema.Path(cimClass, {{"Id", Number(id)}}));
+  }
+
+  TLogCapture log;
+  TContainer container;
+  TSchema schema;
+  TCIMClass *box, *disk, *port, *holds, *wears, *chain, *twin, *derived;
+};
+
+TEST_F(AssociationTest, ClassReferences) {
+  const struct {
+    TCIMClass* from;
+    const char* resultClass;
+    const char* role;
+    const char* expected;
+  } rows[] = {
+      // An end below another end of the same association is found by walking up; the same class
+      // at both ends is not found at all. Each class's own set first, ascending by name.
+      {box, "", "", "Sample_Chain Sample_Derived sample_holds "},
+      {disk, "", "", "Sample_Wears Sample_Chain Sample_Derived sample_holds "},
+      {port, "", "", "Sample_Derived sample_holds Sample_Wears "},
+      {disk, "SAMPLE_HOLDS", "", "Sample_Derived sample_holds "},
+      {disk, "Absent", "", ""},
+      {disk, "", "whole", "Sample_Derived sample_holds "},
+      {disk, "", "Below", ""},  // registered at Box, where Below does not point
+      {box, "", "Id", ""},      // no reference
+      {box, "", "Absent", ""},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(row.expected, Names(row.from->References(row.resultClass, row.role)))
+        << row.from->GetName() << " " << row.resultClass << " " << row.role;
+  }
+  EXPECT_EQ("", Names(container.GetRootClass().References("", "")));
+  EXPECT_EQ(vskStatusInvalidCIMName, StatusOf([&] { box->References("", "a b"); }));
+  log.Take();
+}
+
+TEST_F(AssociationTest, ClassAssociators) {
+  const struct {
+    TCIMClass* from;
+    const char *assocClass, *resultClass, *role, *resultRole;
+    const char* expected;
+  } rows[] = {
+      {box, "", "", "", "", "Sample_Disk Sample_Port Sample_Port "},
+      // Box is Disk's own end only where a reference names Disk itself.
+      {disk, "Sample_Chain", "", "", "", "Sample_Box "},
+      {disk, "Sample_Wears", "", "", "", "Sample_Port "},
+      {disk, "sample_holds", "", "", "", "Sample_Port Sample_Box Sample_Port Sample_Box "},
+      {disk, "sample_holds", "", "WHOLE", "", "Sample_Port Sample_Port "},
+      {disk, "", "Sample_Box", "", "Below", "Sample_Disk "},
+      {port, "Sample_Wears", "", "Far", "Near", "Sample_Disk "},
+      {port, "Sample_Wears", "", "Near", "", ""},
+      {port, "Sample_Wears", "Sample_Port", "", "", ""},
+      {port, "Sample_Wears", "", "", "Absent", ""},
+      {port, "Absent", "", "", "", ""},
+      {port, "", "Absent", "", "", ""},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(row.expected, Names(row.from->Associators(row.assocClass, row.resultClass, row.role,
+                                                        row.resultRole)))
+        << row.from->GetName() << " " << row.assocClass << " " << row.resultClass << " " << row.role
+        << " " << row.resultRole;
+  }
+  EXPECT_EQ("", Names(container.GetRootClass().Associators("", "", "", "")));
+  EXPECT_EQ(vskStatusInvalidCIMName, StatusOf([&] { box->Associators("", "", "a b", ""); }));
+  EXPECT_EQ("CIM name 'a b' is invalid", log.Take());
+  EXPECT_EQ("", Names(box->Associators("Absent", "", "a b", "")));
+}
+
+TEST_F(AssociationTest, InstanceWalks) {
+  TCIMInstance& one = schema.Add(*box, {{"Id", Number(1)}});
+  TCIMInstance& two = schema.Add(*port, {{"Id", Number(2)}});
+  schema.Add(*port, {{"Id", Number(3)}});
+  schema.Add(*derived, {{"Id", Number(9)}, {"Whole", To(*box, 1)}, {"Part", To(*port, 3)}});
+  schema.Add(*holds, {{"Id", Number(5)}, {"Whole", To(*box, 1)}, {"Part", To(*port, 2)}});
+  schema.Add(*holds, {{"Id", Number(6)}, {"Whole", To(*box, 1)}, {"Part", To(*port, 77)}});
+  schema.Add(*holds, {{"Id", Number(7)}, {"Whole", To(*box, 88)}, {"Part", To(*port, 2)}});
+
+  EXPECT_EQ("Sample_Derived9 sample_holds5 sample_holds6 ", Names(one.References("", "")));
+  EXPECT_EQ("sample_holds5 sample_holds7 ", Names(two.References("", "")));
+  EXPECT_EQ("sample_holds5 sample_holds7 ", Names(two.References("", "PART")));
+  EXPECT_EQ("", Names(two.References("", "Whole")));
+  EXPECT_EQ("", Names(two.References("Absent", "")));
+
+  // Without a role for the far end, one that isn't there is passed over; with it, it is told.
+  EXPECT_EQ("Sample_Port3 Sample_Port2 ", Names(one.Associators("", "", "", "")));
+  EXPECT_EQ("Sample_Port3 ", Names(one.Associators("Sample_Derived", "", "", "Part")));
+  EXPECT_EQ(vskStatusNotFound, StatusOf([&] { one.Associators("", "", "", "Part"); }));
+  EXPECT_EQ("", Names(one.Associators("", "Sample_Box", "", "Part")));
+  EXPECT_EQ("", Names(one.Associators("", "", "", "Absent")));
+  EXPECT_EQ("Sample_Box1 ", Names(two.Associators("", "", "part", "")));
+  EXPECT_EQ("", Names(two.Associators("", "Absent", "a b", "")));
+  EXPECT_EQ(vskStatusInvalidCIMName, StatusOf([&] { two.Associators("", "", "a b", ""); }));
+  log.Take();
+}
+
+// A NULL reference is no missing target: the failure of reading it is the caller's to see.
+TEST_F(AssociationTest, NullReferenceStopsTheWalk) {
+  TCIMInstance& one = schema.Add(*box, {{"Id", Number(1)}});
+  schema.Add(*holds, {{"Id", Number(5)}, {"Whole", To(*box, 1)}});
+  EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { one.References("", ""); }));
+  EXPECT_EQ("sample_holds5 ", Names(one.References("", "Whole")));
+  EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { one.Associators("", "", "Whole", ""); }));
+}
+
+// A reference to the bare class is found as no instance.
+TEST_F(AssociationTest, ReferenceToAClassIsNoInstance) {
+  TCIMInstance& one = schema.Add(*box, {{"Id", Number(1)}});
+  schema.Add(
+      *holds,
+      {{"Id", Number(5)}, {"Whole", To(*box, 1)}, {"Part", TCIMValue(schema.Path(*port, {}))}});
+  EXPECT_EQ("sample_holds5 ", Names(one.References("", "")));
+  EXPECT_EQ("", Names(one.Associators("", "", "", "")));
+}
+
+TEST_F(AssociationTest, ClassThatFailsToJoinRegistersNowhere) {
+  std::unique_ptr<TCIMClass> again = schema.Class("SAMPLE_HOLDS")
+                                         .With("ASSOCIATION")
+                                         .Key("Id", TType::cimUint32)
+                                         .Reference("Whole", *disk)
+                                         .Take();
+  const std::string before = Names(disk->References("", ""));
+  EXPECT_EQ(vskStatusAlreadyExists, StatusOf([&] { again->AddToContainer(); }));
+  EXPECT_EQ(before, Names(disk->References("", "")));
+  log.Take();
+}
+
+TEST_F(AssociationTest, RegisteredAssociationIsNotRemoved) {
+  EXPECT_EQ(vskStatusInvalidOpSequence, StatusOf([&] { container.RemoveClass(*wears); }));
+  EXPECT_EQ(
+      "TContainer: class Sample_Wears can't be removed: the association set of class Sample_Disk "
+      "depends on it",
+      log.Take());
+  container.RemoveClass(*twin);  // registered nowhere
+  EXPECT_EQ(nullptr, container.FindClass("Sample_Twin"));
+}
+
+}  // namespace
