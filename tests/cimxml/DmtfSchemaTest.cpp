@@ -9,6 +9,7 @@
 #include <vskcore/model/TContainer.h>
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -79,6 +80,15 @@ TJson Described(const TCIMPropertyDecl& declaration, const std::vector<std::stri
   return described;
 }
 
+// The associations registered at the class itself: they stand in front of its superclasses'.
+TJson Registered(const TCIMClass& cimClass) {
+  std::vector<TCIMClass*> all = cimClass.References("", "");
+  all.resize(all.size() - cimClass.GetSuperClass().References("", "").size());
+  TJson names = Names(all);
+  std::sort(names.begin(), names.end());  // the file has them by the byte
+  return names;
+}
+
 TJson Described(const TCIMClass& cimClass) {
   const std::vector<std::string> keys = cimClass.EnumerateKeyNames();
   TJson qualifiers = TJson::array();
@@ -99,6 +109,7 @@ TJson Described(const TCIMClass& cimClass) {
           {"qualifiers", qualifiers},
           {"nqualifiers", qualifiers.size()},
           {"subclasses", Names(cimClass.EnumerateSubClasses(false))},
+          {"assoc_registered", Registered(cimClass)},
           {"properties", properties}};
 }
 
@@ -126,9 +137,7 @@ TEST(DmtfSchemaTest, ContainerHoldsWhatTheDocumentSays) {
   ASSERT_EQ(expected["class_list"].size(), collected.size());
   EXPECT_EQ(expected["classes"], collected.size());
   for (std::size_t i = 0; i < collected.size(); ++i) {
-    TJson cimClass = expected["class_list"][i];
-    cimClass.erase("assoc_registered");
-    EXPECT_EQ(cimClass, Described(*collected[i]));
+    EXPECT_EQ(expected["class_list"][i], Described(*collected[i]));
   }
 }
 
