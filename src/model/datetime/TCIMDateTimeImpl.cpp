@@ -56,6 +56,15 @@ std::int64_t CalendarTime(unsigned short year, unsigned short month, unsigned in
   return seconds;
 }
 
+// Whether the date is so plain and so far from both ends of the range that it is good in every
+// zone. Nearly all are, and mktime takes longer than everything else together.
+bool IsSurelyInRange(unsigned short year, unsigned short month, unsigned int day,
+                     unsigned short hour, unsigned short minute, unsigned short second,
+                     short utcOffset) {
+  return year > 1970 && year < 2038 && month >= 1 && month <= 12 && day >= 1 && day <= 31 &&
+         hour < 24 && minute < 60 && second <= 60 && std::abs(utcOffset) <= 24 * 60;
+}
+
 std::tm BrokenDown(std::time_t seconds) {
   const std::tm* const time = std::localtime(&seconds);
   if (time == nullptr) Refuse();
@@ -111,7 +120,9 @@ void AppendPart(std::string& text, unsigned int count, const char* name) {
 void TCIMDateTimeImpl::Set(unsigned short year, unsigned short month, unsigned int day,
                            unsigned short hour, unsigned short minute, unsigned short second,
                            unsigned int microseconds, short utcOffset) {
-  CalendarTime(year, month, day, hour, minute - utcOffset, second);
+  if (!IsSurelyInRange(year, month, day, hour, minute, second, utcOffset)) {
+    CalendarTime(year, month, day, hour, minute - utcOffset, second);
+  }
   null_ = false;
   year_ = year;
   month_ = month;
