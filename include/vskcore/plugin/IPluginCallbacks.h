@@ -22,6 +22,9 @@
 //     TRootObject::GetPluginManager()->RegisterPlugin(new TMyPlugin);
 //   }
 //
+// No exception may leave that constructor: the loader would end the process. What can fail belongs
+// in Initialize.
+//
 // The order of the virtual operations is part of the contract between separately compiled modules.
 class VSK_EXPORT IPluginCallbacks {
  public:
