@@ -21,10 +21,7 @@ class TCIMXMLParserClass : public TDocumentTest {
 };
 
 TEST_F(TCIMXMLParserClass, ContentMakesTheClass) {
-  const struct {
-    const char* picture;
-    std::string content;
-  } kRows[] = {
+  const TDocumentRow kRows[] = {
       {"Sample_Thing [Abstract=true] {}", kAbstract},
       {"Sample_Thing { Id uint32 [Key=true] = 8 }",  // octal
        Property("Id", "uint32", kKey + Value("010"))},
@@ -52,12 +49,12 @@ TEST_F(TCIMXMLParserClass, ContentMakesTheClass) {
            "<METHOD NAME='B' TYPE='string'><QUALIFIER NAME='unknown'><VALUE>x</VALUE></QUALIFIER>"
            "<PARAMETER NAME='C'><CLASS/></PARAMETER></METHOD><METHOD/>"},
   };
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.content);
-    EXPECT_EQ(vskStatusOK, Load(Object(Class(row.content))));
+  for (const TDocumentRow& row : kRows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_EQ(vskStatusOK, Load(Object(Class(row.text))));
     log.Take();  // a property declared twice is told by the class
     ASSERT_EQ(1U, collected.size());
-    EXPECT_EQ(row.picture, Picture(*collected.front()));
+    EXPECT_EQ(row.expected, Picture(*collected.front()));
     container.RemoveClass(*collected.front());
   }
 }
@@ -118,10 +115,7 @@ TEST_F(TCIMXMLParserClass, SecondOfANameIsDroppedAndReadingGoesOn) {
 }
 
 TEST_F(TCIMXMLParserClass, BadOnesAreRefused) {
-  const struct {
-    const char* message;
-    std::string content;
-  } kRows[] = {
+  const TDocumentRow kRows[] = {
       {"Unexpected element qualifier", Property("A", "string", "") + kAbstract},
       {"Unexpected element qualifier", "<METHOD/>" + std::string(kAbstract)},
       {"Unexpected element value", Value("1")},
@@ -136,24 +130,16 @@ TEST_F(TCIMXMLParserClass, BadOnesAreRefused) {
       {"'' is neither true nor false", "<PROPERTY NAME='A' PROPAGATED=''/>"},
       {"'x' is no unsigned number", "<PROPERTY.ARRAY NAME='A' ARRAYSIZE='x'/>"},
   };
-  for (const auto& row : kRows) ExpectFatal(row.message, Object(Class(row.content)));
-  const struct {
-    vskStatus status;
-    const char* line;
-    std::string object;
-  } kRefused[] = {
-      {vskStatusNotFound, "", Class(kAbstract, "NAME='A' SUPERCLASS='Unknown'")},
-      {vskStatusInvalidCIMName, "CIM name 'a b' is invalid", Class(kAbstract, "NAME='a b'")},
-      {vskStatusInvalidClass, "Class Sample_Thing has no keys", Class("")},
-      {vskStatusNotFound, "TCIMXMLParser: Couldn't find qualifier unknown",
-       Class("<QUALIFIER NAME='unknown'/>")},
-      {vskStatusNotFound, "TCIMXMLParser: Couldn't find qualifier ", Class("<QUALIFIER/>")},
-      {vskStatusTypeMismatch, "", Class("<PROPERTY NAME='A' TYPE='reference'/>")},
-      {vskStatusInvalidCIMName, "CIM name '' is invalid", ""},
-  };
-  for (const auto& row : kRefused) {
-    if (!row.object.empty()) ExpectFailure(row.status, row.line, Object(row.object));
-  }
+  for (const TDocumentRow& row : kRows) ExpectFatal(row.expected, Object(Class(row.text)));
+  ExpectFailure(vskStatusNotFound, "", Object(Class(kAbstract, "SUPERCLASS='Unknown'")));
+  ExpectFailure(vskStatusInvalidCIMName, "CIM name 'a b' is invalid",
+                Object(Class(kAbstract, "NAME='a b'")));
+  ExpectFailure(vskStatusInvalidClass, "Class Sample_Thing has no keys", Object(Class("")));
+  ExpectFailure(vskStatusNotFound, "TCIMXMLParser: Couldn't find qualifier unknown",
+                Object(Class("<QUALIFIER NAME='unknown'/>")));
+  ExpectFailure(vskStatusNotFound, "TCIMXMLParser: Couldn't find qualifier ",
+                Object(Class("<QUALIFIER/>")));
+  ExpectFailure(vskStatusTypeMismatch, "", Object(Class("<PROPERTY TYPE='reference'/>")));
   EXPECT_TRUE(container.GetRootClass().EnumerateSubClasses(true).empty());
 }
 
@@ -179,10 +165,7 @@ class TCIMXMLParserInstance : public TDocumentTest {
 TEST_F(TCIMXMLParserInstance, PropertiesGetTheirValues) {
   const std::string skipped =
       "<QUALIFIER NAME='unknown'><VALUE>x</VALUE><FOO><QUALIFIER/></FOO></QUALIFIER>";
-  const struct {
-    const char* picture;
-    std::string content;
-  } kRows[] = {
+  const TDocumentRow kRows[] = {
       {"Sample_Thing{Codes~NULL, Id~5, name~\"n\", When~NULL}", "text"},
       {"Sample_Thing{Codes={1, 2}, Id=255, name=\"  a &  b\n\", When~NULL}",
        Property("ID", "UINT32", Value("0xFF")) +
@@ -203,85 +186,81 @@ TEST_F(TCIMXMLParserInstance, PropertiesGetTheirValues) {
            "<PROPERTY.ARRAY NAME='Codes' TYPE='uint8'>" + skipped +
            "<VALUE.ARRAY/></PROPERTY.ARRAY>"},
   };
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.content);
-    Given(Thing(row.content));
-    EXPECT_EQ(row.picture, Last());
+  for (const TDocumentRow& row : kRows) {
+    SCOPED_TRACE(row.text);
+    Given(Thing(row.text));
+    EXPECT_EQ(row.expected, Last());
   }
   EXPECT_TRUE(collected.empty());
 }
 
-TEST_F(TCIMXMLParserInstance, EveryWrapperTakesItAndDropsTheName) {
+// The four elements around an object, each in its group.
+class TCIMXMLParserWrapper : public TCIMXMLParserInstance {
+ protected:
+  static std::string Within(const std::string& group, const std::string& wrapper,
+                            const std::string& content) {
+    return "<CIM><DECLARATION><" + group + "><" + wrapper + ">" + content + "</" + wrapper + "></" +
+           group + "></DECLARATION></CIM>";
+  }
+  static std::string Named(const std::string& content) {
+    return Within("DECLGROUP.WITHNAME", "VALUE.NAMEDOBJECT", content);
+  }
+  static std::string WithPath(const std::string& content) {
+    return Within("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHPATH", content);
+  }
+  static std::string WithLocal(const std::string& content) {
+    return Within("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHLOCALPATH", content);
+  }
+
   const std::string object = "<INSTANCE CLASSNAME='Sample_Thing'/>";
   const std::string name = "<INSTANCENAME CLASSNAME='Sample_Link'/>";
   const std::string local = "<LOCALNAMESPACEPATH><NAMESPACE/></LOCALNAMESPACEPATH>";
   const std::string full = "<NAMESPACEPATH><HOST/>" + local + "</NAMESPACEPATH>";
-  const auto group = [](const std::string& kind, const std::string& wrapper,
-                        const std::string& content) {
-    return "<CIM><DECLARATION><" + kind + "><" + wrapper + ">" + content + "</" + wrapper + "></" +
-           kind + "></DECLARATION></CIM>";
-  };
-  const std::string kDocuments[] = {
-      Object(object),
-      group("DECLGROUP.WITHNAME", "VALUE.NAMEDOBJECT", name + object),
-      group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHPATH",
-            "<INSTANCEPATH>" + full + name + "</INSTANCEPATH>" + object),
-      group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHLOCALPATH",
-            "<LOCALINSTANCEPATH>" + local + name + "</LOCALINSTANCEPATH>" + object),
-  };
-  std::size_t count = 0;
-  for (const std::string& document : kDocuments) {
-    Given(document);
-    EXPECT_EQ(++count, Count()) << document;
-  }
   const std::string cimClass = "<CLASS NAME='A'>" + std::string(kAbstract) + "</CLASS>";
-  Given(group("DECLGROUP.WITHNAME", "VALUE.NAMEDOBJECT", cimClass));
-  EXPECT_EQ(1U, collected.size());
+};
+
+TEST_F(TCIMXMLParserWrapper, TakesAnObjectAndDropsItsName) {
+  Given(Object(object));
+  Given(Named(name + object));
+  Given(WithPath("<INSTANCEPATH>" + full + name + "</INSTANCEPATH>" + object));
+  Given(WithLocal("<LOCALINSTANCEPATH>" + local + name + "</LOCALINSTANCEPATH>" + object));
+  EXPECT_EQ(4U, container.GetClass("Sample_Thing").EnumerateInstances(false).size());
+  EXPECT_EQ(4U, Count());
+
   const std::string className = "<CLASSNAME NAME='no such class'/>";
-  Given(group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHPATH",
-              "<CLASSPATH>" + full + className + "</CLASSPATH><CLASS NAME='B' SUPERCLASS='A'>" +
-                  kAbstract + "</CLASS>"));
+  const std::string subClass = "<CLASS NAME='B' SUPERCLASS='A'>" + std::string(kAbstract);
+  Given(Named(cimClass));
   EXPECT_EQ(1U, collected.size());
-  Given(group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHLOCALPATH",
-              "<LOCALCLASSPATH>" + local + className + "</LOCALCLASSPATH>" + cimClass));
+  Given(WithPath("<CLASSPATH>" + full + className + "</CLASSPATH>" + subClass + "</CLASS>"));
+  EXPECT_EQ(1U, collected.size());
+  Given(WithLocal("<LOCALCLASSPATH>" + local + className + "</LOCALCLASSPATH>" + cimClass));
   EXPECT_TRUE(collected.empty());
-  const struct {
-    const char* message;
-    std::string document;
-  } kRows[] = {
+}
+
+TEST_F(TCIMXMLParserWrapper, HoldsOneObjectBehindTheNameOfItsKind) {
+  const TDocumentRow kRows[] = {
       {"CIM element syntax error", Group("<VALUE.OBJECT/>")},
       {"Unexpected element class", Object(object + cimClass)},
       {"Unexpected element instance", Object(object + object)},
       {"Unexpected element instancename", Object(name)},
-      {"CIM element syntax error", group("DECLGROUP.WITHNAME", "VALUE.NAMEDOBJECT", name)},
-      {"Unexpected element instance", group("DECLGROUP.WITHNAME", "VALUE.NAMEDOBJECT", object)},
-      {"Unexpected element class",
-       group("DECLGROUP.WITHNAME", "VALUE.NAMEDOBJECT", name + cimClass)},
-      {"Unexpected element instance",
-       group("DECLGROUP.WITHNAME", "VALUE.NAMEDOBJECT", cimClass + object)},
-      {"CIM element syntax error", group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHPATH", "")},
-      {"CIM element syntax error",
-       group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHPATH", "<CLASSPATH/>")},
-      {"Unexpected element instance",
-       group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHPATH", "<CLASSPATH/>" + object)},
-      {"Unexpected element class",
-       group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHPATH", "<INSTANCEPATH/>" + cimClass)},
-      {"Unexpected element localclasspath",
-       group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHPATH", "<LOCALCLASSPATH/>")},
-      {"Unexpected element instancepath",
-       group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHLOCALPATH", "<INSTANCEPATH/>")},
-      {"Unexpected element instance", group("DECLGROUP.WITHPATH", "VALUE.OBJECTWITHLOCALPATH",
-                                            "<LOCALINSTANCEPATH/>" + object + object)},
+      {"CIM element syntax error", Named(name)},
+      {"Unexpected element instance", Named(object)},
+      {"Unexpected element class", Named(name + cimClass)},
+      {"Unexpected element instance", Named(cimClass + object)},
+      {"CIM element syntax error", WithPath("")},
+      {"CIM element syntax error", WithPath("<CLASSPATH/>")},
+      {"Unexpected element instance", WithPath("<CLASSPATH/>" + object)},
+      {"Unexpected element class", WithPath("<INSTANCEPATH/>" + cimClass)},
+      {"Unexpected element localclasspath", WithPath("<LOCALCLASSPATH/>")},
+      {"Unexpected element instancepath", WithLocal("<INSTANCEPATH/>")},
+      {"Unexpected element instance", WithLocal("<LOCALINSTANCEPATH/>" + object + object)},
   };
-  for (const auto& row : kRows) ExpectFatal(row.message, row.document);
-  EXPECT_EQ(count, Count());
+  for (const TDocumentRow& row : kRows) ExpectFatal(row.expected, row.text);
+  EXPECT_EQ(0U, Count());
 }
 
 TEST_F(TCIMXMLParserInstance, BadOnesAreRefused) {
-  const struct {
-    const char* message;
-    std::string content;
-  } kRows[] = {
+  const TDocumentRow kRows[] = {
       {"Property type != property declaration type", Property("Id", "string", "")},
       {"Property type != property declaration type", "<PROPERTY NAME='Id'/>"},
       {"Property type != property declaration type", Property("Codes", "uint8", "")},
@@ -291,23 +270,18 @@ TEST_F(TCIMXMLParserInstance, BadOnesAreRefused) {
       {"Unexpected element value.array", Property("Id", "uint32", "<VALUE.ARRAY/>")},
       {"Unexpected element value", "<PROPERTY.ARRAY NAME='Codes'><VALUE/></PROPERTY.ARRAY>"},
   };
-  for (const auto& row : kRows) ExpectFatal(row.message, Thing(row.content));
-  const struct {
-    vskStatus status;
-    const char* line;
-    std::string content;
-  } kRefused[] = {
-      {vskStatusNotFound, "TCIMXMLParser: Couldn't find property x", Property("x", "uint8", "")},
-      {vskStatusNotFound, "", "<PROPERTY.ARRAY NAME='x' TYPE='uint8'/>"},
-      {vskStatusNotFound, "", "<PROPERTY.REFERENCE NAME='x'/>"},
-      {vskStatusTypeMismatch, "", Property("Id", "char", "")},
-      {vskStatusTypeMismatch, "SetValue: decl is type uint8 but value is type string",
-       "<PROPERTY.ARRAY NAME='Codes' TYPE='string'/>"},
-      {vskStatusInvalidCIMName, "CIM name 'a-b' is invalid", Property("a-b", "uint8", "")},
-      {vskStatusInvalidInstance, "Instance Sample_Thing: key property Id is NULL",
-       Property("Id", "uint32", "")},
-  };
-  for (const auto& row : kRefused) ExpectFailure(row.status, row.line, Thing(row.content));
+  for (const TDocumentRow& row : kRows) ExpectFatal(row.expected, Thing(row.text));
+  ExpectFailure(vskStatusNotFound, "TCIMXMLParser: Couldn't find property x",
+                Thing(Property("x", "uint8", "")));
+  ExpectFailure(vskStatusNotFound, "", Thing("<PROPERTY.ARRAY NAME='x' TYPE='uint8'/>"));
+  ExpectFailure(vskStatusNotFound, "", Thing("<PROPERTY.REFERENCE NAME='x'/>"));
+  ExpectFailure(vskStatusTypeMismatch, "", Thing(Property("Id", "char", "")));
+  ExpectFailure(vskStatusTypeMismatch, "SetValue: decl is type uint8 but value is type string",
+                Thing("<PROPERTY.ARRAY NAME='Codes' TYPE='string'/>"));
+  ExpectFailure(vskStatusInvalidCIMName, "CIM name 'a-b' is invalid",
+                Thing(Property("a-b", "uint8", "")));
+  ExpectFailure(vskStatusInvalidInstance, "Instance Sample_Thing: key property Id is NULL",
+                Thing(Property("Id", "uint32", "")));
   ExpectFailure(vskStatusNotFound, "TCIMXMLParser: Couldn't find class Other",
                 Object("<INSTANCE CLASSNAME='Other'/>"));
   ExpectFailure(vskStatusInvalidCIMName, "CIM name '1' is invalid",

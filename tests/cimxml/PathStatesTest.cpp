@@ -54,10 +54,7 @@ class TCIMXMLParserReference : public TDocumentTest {
 };
 
 TEST_F(TCIMXMLParserReference, EveryFormOfANameGivesItsReference) {
-  const struct {
-    const char* picture;
-    std::string content;
-  } kRows[] = {
+  const TDocumentRow kRows[] = {
       {"<Sample_Thing>", "<CLASSNAME NAME='sample_thing'/>"},
       {"<Sample_Thing>", "<CLASSPATH>" + full + "<CLASSNAME NAME='Sample_Thing'/></CLASSPATH>"},
       {"<Sample_Thing>",
@@ -81,11 +78,11 @@ TEST_F(TCIMXMLParserReference, EveryFormOfANameGivesItsReference) {
       {"<Sample_Thing.Id=\"x\">", "<CLASSNAME NAME='Sample_Loose'/>" + Name(Key("Id", "x"))},
   };
   const TCIMClass& link = container.GetClass("Sample_Link");
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.content);
-    Given(Link(row.content));
+  for (const TDocumentRow& row : kRows) {
+    SCOPED_TRACE(row.text);
+    Given(Link(row.text));
     const TCIMInstance& instance = *link.EnumerateInstances(false).back();
-    EXPECT_EQ(row.picture, Picture(instance.GetProperty("End").GetValue()));
+    EXPECT_EQ(row.expected, Picture(instance.GetProperty("End").GetValue()));
   }
 }
 
@@ -101,10 +98,7 @@ TEST_F(TCIMXMLParserReference, KeyCanBeAReference) {
 
 TEST_F(TCIMXMLParserReference, FormIsChecked) {
   const std::string value = "<KEYVALUE>1</KEYVALUE>";
-  const struct {
-    const char* message;
-    std::string content;
-  } kRows[] = {
+  const TDocumentRow kRows[] = {
       {"INSTANCENAME without CLASSNAME", Name(Key("Id", "x"), "NAME='Sample_Thing'")},
       {"Unexpected at least 1 NAMESPACE element", "<LOCALCLASSPATH><LOCALNAMESPACEPATH/>"},
       {"Unexpected element host", "<LOCALCLASSPATH><LOCALNAMESPACEPATH><HOST/>"},
@@ -134,7 +128,7 @@ TEST_F(TCIMXMLParserReference, FormIsChecked) {
        Name(value, "CLASSNAME='sample_loose'")},
       {"Couldn't find property name Id in class <root>", Name(Key("Id", "1"), "CLASSNAME=''")},
   };
-  for (const auto& row : kRows) ExpectFatal(row.message, Link(row.content));
+  for (const TDocumentRow& row : kRows) ExpectFatal(row.expected, Link(row.text));
 }
 
 TEST_F(TCIMXMLParserReference, FailuresOfTheModelPass) {

@@ -11,51 +11,44 @@ namespace {
 
 using TCIMXMLParserEngine = TDocumentTest;
 
+// The number that body gives, or the line in the log when it refuses.
+template <typename TBody>
+std::string Answer(TLogCapture& log, TBody&& body) {
+  std::string answer;
+  const vskStatus status = StatusOf([&] { answer = std::to_string(body()); });
+  EXPECT_EQ(answer.empty() ? vskStatusInvalidSpecificationDocument : vskStatusOK, status);
+  return answer + log.Take();
+}
+
 TEST_F(TCIMXMLParserEngine, BooleanIsAWordInAnyCase) {
-  const struct {
-    const char* text;
-    const char* result;  // a word, or the line in the log
-  } kRows[] = {
-      {"true", "true"},
-      {" \t\nTRUE ", "true"},
-      {"False", "false"},
-      {"falsework", "false"},
-      {"", "TCIMXMLParser: '' is neither true nor false"},
-      {"tru", "TCIMXMLParser: 'tru' is neither true nor false"},
-      {"1", "TCIMXMLParser: '1' is neither true nor false"},
+  TDocumentRow rows[] = {
+      {"1", "true"},
+      {"1", " \t\nTRUE "},
+      {"0", "False"},
+      {"0", "falsework"},
+      {"TCIMXMLParser: '' is neither true nor false", ""},
+      {"TCIMXMLParser: 'tru' is neither true nor false", "tru"},
+      {"TCIMXMLParser: '1' is neither true nor false", "1"},
   };
-  for (const auto& row : kRows) {
-    std::string text = row.text;
-    std::string result;
-    const vskStatus status =
-        StatusOf([&] { result = TCIMXMLParser::ConvertBool(text) ? "true" : "false"; });
-    EXPECT_EQ(result.empty() ? vskStatusInvalidSpecificationDocument : vskStatusOK, status);
-    EXPECT_EQ(row.result, result + log.Take());
+  for (TDocumentRow& row : rows) {
+    EXPECT_EQ(row.expected, Answer(log, [&] { return TCIMXMLParser::ConvertBool(row.text); }));
   }
 }
 
 TEST_F(TCIMXMLParserEngine, NumberIsDecimalAndFits) {
+  TDocumentRow rows[] = {
+      {"42", " 42 apples"},
+      {"10", "010"},
+      {"4294967295", "4294967295"},
+      {"CIM-XML Parser line 1:'4294967296' is no unsigned number", "4294967296"},
+      {"CIM-XML Parser line 1:'-1' is no unsigned number", "-1"},
+      {"CIM-XML Parser line 1:' ' is no unsigned number", " "},
+  };
   TCIMXMLParser parser(&container);
   char nothing[] = "<CIM/>";
   parser.Parse(nothing);
-  const struct {
-    const char* text;
-    const char* result;
-  } kRows[] = {
-      {" 42 apples", "42"},
-      {"010", "10"},
-      {"4294967295", "4294967295"},
-      {"4294967296", "CIM-XML Parser line 1:'4294967296' is no unsigned number"},
-      {"-1", "CIM-XML Parser line 1:'-1' is no unsigned number"},
-      {" ", "CIM-XML Parser line 1:' ' is no unsigned number"},
-  };
-  for (const auto& row : kRows) {
-    std::string text = row.text;
-    std::string result;
-    const vskStatus status =
-        StatusOf([&] { result = std::to_string(parser.ConvertUnsignedInt(text)); });
-    EXPECT_EQ(result.empty() ? vskStatusInvalidSpecificationDocument : vskStatusOK, status);
-    EXPECT_EQ(row.result, result + log.Take());
+  for (TDocumentRow& row : rows) {
+    EXPECT_EQ(row.expected, Answer(log, [&] { return parser.ConvertUnsignedInt(row.text); }));
   }
 }
 

@@ -14,6 +14,12 @@
 #include "support/StatusOf.h"
 #include "support/TLogCapture.h"
 
+// A text and what comes of it.
+struct TDocumentRow {
+  const char* expected;
+  std::string text;
+};
+
 // Reads one document after another into one container. Documents stand on one line, so that the
 // log says line 1 throughout.
 class TDocumentTest : public testing::Test {
