@@ -162,18 +162,27 @@ TEST(TCIMDateTimeState, CopiesAreIndependent) {
 }
 
 TEST(TCIMDateTimeState, NullRefusesEverythingAndDifferenceIsNotOffered) {
-  TCIMDateTime null;
   TCIMDateTime interval(1, 2, 3, 4, 5);
+  const TCIMDateTime stamp("20051031175918.000000+060");
   const auto refused = [](auto body) { return StatusOf(body) == vskStatusInvalidDateTime; };
-  EXPECT_TRUE(refused([&] { null.ToString(); }));
-  EXPECT_TRUE(refused([&] { null.ToUIString(); }));
-  EXPECT_TRUE(refused([&] { (void)(null == interval); }));
-  EXPECT_TRUE(refused([&] { (void)(interval < null); }));
-  EXPECT_TRUE(refused([&] { null + interval; }));
-  EXPECT_TRUE(refused([&] { interval + null; }));
-  EXPECT_TRUE(refused([&] { null - interval; }));
-  EXPECT_TRUE(refused([&] { interval - null; }));
-  EXPECT_TRUE(refused([&] { (void)(null == null); }));
+  // A cleared one still holds good fields, which must not count.
+  for (const TCIMDateTime& filled : {interval, stamp}) {
+    TCIMDateTime cleared(filled);
+    cleared.Clear();
+    for (const TCIMDateTime& null : {TCIMDateTime(), cleared}) {
+      EXPECT_TRUE(refused([&] { null.ToString(); }));
+      EXPECT_TRUE(refused([&] { null.ToUIString(); }));
+      EXPECT_TRUE(refused([&] { (void)(null == null); }));
+      for (const TCIMDateTime& other : {interval, stamp}) {
+        EXPECT_TRUE(refused([&] { (void)(null == other); }));
+        EXPECT_TRUE(refused([&] { (void)(other < null); }));
+        EXPECT_TRUE(refused([&] { null + other; }));
+        EXPECT_TRUE(refused([&] { other + null; }));
+        EXPECT_TRUE(refused([&] { null - other; }));
+        EXPECT_TRUE(refused([&] { other - null; }));
+      }
+    }
+  }
   EXPECT_EQ(vskStatusNotImplemented,
             StatusOf([&] { TCIMDateTime::GetDifference(interval, interval); }));
 }

@@ -6,8 +6,10 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "model/NormalizeCIMName.h"
 #include "model/TQualifierTable.h"
 #include "support/StatusOf.h"
 #include "support/TLogCapture.h"
@@ -54,6 +56,22 @@ class TCIMQualifierTable : public testing::Test {
 };
 
 }  // namespace
+
+TEST(NormalizedName, LettersDigitsAndUnderscoresOfASCII) {
+  const std::pair<const char*, const char*> kGood[] = {{"", ""},
+                                                       {"KeY", "key"},
+                                                       {"_", "_"},
+                                                       {"__9", "__9"},
+                                                       {"ABCXYZabcxyz_0189", "abcxyzabcxyz_0189"}};
+  for (const auto& [name, key] : kGood) EXPECT_EQ(key, NormalizeCIMName(name));
+
+  TLogCapture log;
+  for (const std::string name : {"9X", "0", "Two words", "K-y", "Key ", "a.b", "Key@", "Key[",
+                                 "Key`", "Key{", "Key/", "Key:", "\u00C4ra", "K\u00E4se"}) {
+    EXPECT_EQ(vskStatusInvalidCIMName, StatusOf([&] { NormalizeCIMName(name); })) << name;
+    EXPECT_EQ("CIM name '" + name + "' is invalid", log.Take());
+  }
+}
 
 TEST(TCIMQualifierDecl, Fields) {
   TContainer container;
@@ -191,7 +209,9 @@ TEST_F(TCIMQualifierTable, ArraysDoNotRepeat) {
   TCIMQualifierDecl& declaration = Declare("Values");
   const TCIMValue texts(TCIMType::cimString, 0, {"a"});
   ASSERT_NE(nullptr, Add(declaration, texts, kNoFlavor));
-  EXPECT_EQ(vskStatusNotImplemented, StatusOf([&] { Add(declaration, texts, kNoFlavor); }));
+  for (const EFlavor flavor : {kNoFlavor, kOverridable}) {  // values count before flavors
+    EXPECT_EQ(vskStatusNotImplemented, StatusOf([&] { Add(declaration, texts, flavor); }));
+  }
   EXPECT_EQ("Values={ a }/0 ", Picture(table_));
 }
 

@@ -332,6 +332,9 @@ TEST(TCIMValueConversion, ContentIsStrictToo) {
   EXPECT_FALSE(text == TCIMValue(5U));
   EXPECT_FALSE(text < TCIMValue(TCIMDateTime(1, 2, 3, 4, 5)));
   EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { (void)(text < Null(TCIMType::cimString)); }));
+  const TCIMDateTimeValueImpl time(TCIMDateTime(1, 2, 3, 4, 5));
+  EXPECT_FALSE(time == TCIMValue("5"));
+  EXPECT_FALSE(time < TCIMValue("6"));
 }
 
 TEST(TCIMValueState, NullKnowsItsType) {

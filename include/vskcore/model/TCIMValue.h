@@ -102,7 +102,7 @@ class VSK_EXPORT TCIMValue {
   // vskStatusInvalidDateTime for a bad date-time, and what TCIMReference(container, text) throws.
   TCIMValue(TCIMType type, std::string& text, TContainer& container);
   TCIMValue(const TCIMValue& other);
-  TCIMValue(TCIMValue&& other) noexcept;
+  TCIMValue(TCIMValue&& other) noexcept;  // other is a NULL of its type afterwards
   ~TCIMValue();
 
   // Exactly Set(other), with its failures: assigning an array over an array of the same type

@@ -71,8 +71,9 @@ std::tm BrokenDown(std::time_t seconds) {
   return *time;
 }
 
-// In the zone's standard time, as CalendarTime reads it. What reading a summer's clock without
-// daylight saving adds is the saving: an hour in most zones, half of one or less than none in some.
+// In the zone's standard time, as CalendarTime reads it. Reading a summer's clock without daylight
+// saving adds the saving: an hour in most zones, half of one in some, and below zero where the
+// flag stands for winter.
 std::tm StandardWallClock(std::int64_t seconds) {
   const std::tm time = BrokenDown(seconds);
   if (time.tm_isdst <= 0) return time;
