@@ -127,6 +127,14 @@ TEST(TCIMDateTimeRange, FieldsBeyondTheTextForm) {
   EXPECT_TRUE(TCIMDateTime(2005, 12, 3, 4, 5, 6, 1, -1439) < wide);
   EXPECT_EQ(kInvalid, TextOf([] { return TCIMDateTime(2005, 1, 4294967295u, 0, 0, 0, 0, 0); }));
   EXPECT_EQ(kInvalid, TextOf([] { return TCIMDateTime(65535, 65535, 1, 0, 0, 0, 0, 0); }));
+  // Any one field can carry an ordinary date past the end.
+  EXPECT_EQ("20371231235960.000000-1440",
+            TextOf([] { return TCIMDateTime(2037, 12, 31, 23, 59, 60, 0, -1440); }));
+  EXPECT_EQ(kInvalid, TextOf([] { return TCIMDateTime(2037, 14, 1, 0, 0, 0, 0, 0); }));
+  EXPECT_EQ(kInvalid, TextOf([] { return TCIMDateTime(2037, 12, 50, 23, 0, 0, 0, 0); }));
+  EXPECT_EQ(kInvalid, TextOf([] { return TCIMDateTime(2037, 12, 31, 500, 0, 0, 0, 0); }));
+  EXPECT_EQ(kInvalid, TextOf([] { return TCIMDateTime(2037, 12, 31, 0, 30000, 0, 0, 0); }));
+  EXPECT_EQ(kInvalid, TextOf([] { return TCIMDateTime(2037, 12, 31, 0, 0, 0, 0, -30000); }));
   EXPECT_EQ("4294967295000000.000000:000", TCIMDateTime(4294967295u, 0, 0, 0, 0).ToString());
   EXPECT_EQ(kInvalid, TextOf([] { return TCIMDateTime(1, 2, 3, 4, 1000000); }));
 }
