@@ -42,16 +42,14 @@ void PushParts(const TCIMValue& value, std::vector<const TCIMValue*>& parts) {
   }
 }
 
-// Whether a value names the class anywhere: in itself, in the keys of a reference, in the elements
-// of an array, and so on down.
+// Whether a value names the class anywhere: in itself (a reference tells it as well), in the keys
+// of a reference, in the elements of an array, and so on down.
 bool PointsAt(const TCIMValue& value, const TCIMClass& target) {
   std::vector<const TCIMValue*> pending{&value};
   while (!pending.empty()) {
     const TCIMValue& part = *pending.back();
     pending.pop_back();
-    const TCIMReference* reference = TPeek::Reference(part);
     if (part.FindReferencedClass() == &target) return true;
-    if (reference != nullptr && reference->FindClass() == &target) return true;
     PushParts(part, pending);
   }
   return false;

@@ -4,6 +4,7 @@
 #include <limits>
 #include <set>
 
+#include "model/TPeek.h"
 #include "support/TModelTest.h"
 
 namespace {
@@ -33,6 +34,8 @@ TEST_F(TCIMPropertyValue, IsItsOwnOrTheDeclarations) {
   sizes.SetValue(TCIMValue(TType(TType::cimUint8), 2, {TCIMValue(std::uint8_t{2})}));
   EXPECT_EQ("{2}", Picture(sizes.GetValue()));
   EXPECT_EQ(2u, sizes.GetValue().GetMaxArraySize());
+  sizes.SetValue(vsk::detail::TPeek::Value(sizes));
+  EXPECT_EQ("{2}", Picture(sizes.GetValue()));
   EXPECT_EQ(TType::cimUint8 | TType::cimArrayFlag, sizes.GetType());
   EXPECT_TRUE(sizes.IsArray());
 }
@@ -136,6 +139,7 @@ TEST_F(TCIMInstanceProperties, AreThoseOfTheClassAtItsMaking) {
 
   // What the class drops or gains later is no matter to the instance.
   disk.RemovePropertyDecl(const_cast<TCIMPropertyDecl&>(disk.GetPropertyDecl("A")));
+  EXPECT_EQ("Disk{_b~NULL, B~2}", Picture(*schema.Make(disk, {})));
   AddOrDestroy(std::make_unique<TCIMPropertyDecl>("Z", disk, TCIMValue("z")));
   const auto late = schema.Make(disk, {});
   EXPECT_EQ("Disk{_b=1, a~NULL, B~2}", Picture(early));
@@ -208,6 +212,12 @@ TEST_F(TCIMInstanceProperties, DecideEquality) {
   EXPECT_FALSE(*one < *make(disk, 2));
   EXPECT_FALSE(*make(disk, 2) < *one);
   EXPECT_EQ(&disk < &same, *one < *make(same, 1));
+
+  // One property under two names: it was renamed between the two.
+  const auto old = schema.Class("Old").Property("N", TCIMValue("d")).Take();
+  const TCIMInstance before(old.get());
+  const_cast<TCIMPropertyDecl&>(old->GetPropertyDecl("N")).SetName("M");
+  EXPECT_FALSE(before == TCIMInstance(old.get()));
 }
 
 TEST_F(TCIMInstanceJoin, NeedsAValueInEveryKey) {
@@ -314,6 +324,7 @@ TEST_F(TAllSearches, OfOrdinaryKeys) {
                         .Key("Id", TType::cimUint32)
                         .Key("_b", TType::cimString)
                         .Key("B", TType::cimReal64)
+                        .Property("z", TType::cimReal64)
                         .Add();
   TCIMClass& solid = schema.Class("Solid", &disk).Add();
   const double nan = std::numeric_limits<double>::quiet_NaN();
@@ -329,6 +340,7 @@ TEST_F(TAllSearches, OfOrdinaryKeys) {
   paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}}));
   paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}, {"b", 1.5}}));  // "B"
   paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "X"}, {"B", 1.5}}));
+  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}, {"B", 1.5}, {"z", 1.5}}));
   paths.push_back(TCIMReference());
   paths.front().SetKeyBindings(
       {{"B", TCIMValue(1.5)}, {"Id", TCIMValue(1)}, {"_b", TCIMValue("x")}});
@@ -377,8 +389,9 @@ TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
     SCOPED_TRACE(when);
     TCIMClass& disk = container.GetClass("Disk");
     statuses.clear();
-    ExpectWalks(
-        {schema.Path(disk, {{"Id", TCIMValue(1u)}}), schema.Path(disk, {}), TCIMReference()});
+    TCIMReference named = schema.Path(disk, {});
+    named.SetKeyBindings({{"Name", TCIMValue(2u)}});
+    ExpectWalks({schema.Path(disk, {{"Id", TCIMValue(1u)}}), named, TCIMReference()});
     return statuses;
   };
   TCIMClass& disk =
@@ -405,6 +418,10 @@ TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
   EXPECT_EQ(TStatuses{vskStatusNotFound}, expectWalks("a renamed key"));
   id.SetName("nAME");
   EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("two keys of one name"));
+  id.SetName("Name");
+  hits = 0;
+  EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("two keys of one spelling"));
+  EXPECT_EQ(1, hits);  // a path holds a name once
   id.SetName("i d");
   EXPECT_EQ(TStatuses{vskStatusInvalidCIMName}, expectWalks("a key with no name"));
   id.SetName("ID");
@@ -414,6 +431,20 @@ TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
   AddOrDestroy(std::make_unique<TCIMPropertyDecl>("Late", disk, TCIMValue(1u)));
   schema.Qualify(const_cast<TCIMPropertyDecl&>(disk.GetPropertyDecl("Late")), "KEY");
   EXPECT_EQ(TStatuses{vskStatusNotFound}, expectWalks("a key that the instances lack"));
+}
+
+TEST_F(TAllSearches, OfKeysThatNoPathCanHold) {
+  TCIMClass& disk =
+      schema.Class("Disk").Key("Id", TType::cimUint32).Property("C", TType::cimUint8).Add();
+  schema.Add(disk, {{"Id", TCIMValue(1u)}});
+  auto& letter = const_cast<TCIMPropertyDecl&>(disk.GetPropertyDecl("C"));
+  schema.Qualify(letter, "KEY");
+  TCIMValue null;
+  null.SetNullValue(TType::cimChar, 0);
+  EXPECT_EQ(vskStatusTypeMismatch, StatusOf([&] { letter.SetValue(null); }));
+  EXPECT_EQ(TType::cimChar, letter.GetType());
+  ExpectWalks({schema.Path(disk, {{"Id", TCIMValue(1u)}})});
+  EXPECT_EQ(std::set<vskStatus>{vskStatusTypeMismatch}, statuses);
 }
 
 TEST_F(TCIMInstanceFind, LooksInItsOwnClassAlone) {

@@ -139,7 +139,8 @@ TEST_F(TCIMReferenceTarget, IsRememberedAndGoesWithCopies) {
   const TCIMReference stored = TCIMValue(path);
   EXPECT_EQ(&seven, &stored.GetCIMElement());
   assigned.Clear();
-  assigned = PathOf(7);
+  assigned.SetClass(disk);
+  assigned.AddKeyValue("Id", TCIMValue(7u));
   EXPECT_EQ(vskStatusNotFound, LookUp(assigned));
 }
 
