@@ -179,7 +179,8 @@ void TCIMClassImpl::RemoveInstance(TCIMInstance& instance) {
 TCIMInstance* TCIMClassImpl::FindInstance(const TCIMReference& reference) const {
   if (instances_.IsEmpty()) return nullptr;  // a bad KEY only shows where a path is built
   TPathMatcher matcher(*properties_, reference);
-  return instances_.FindIf([&](const TCIMInstance& instance) { return matcher.Fits(instance); });
+  return instances_.FindIf(
+      [&](const TCIMInstance& instance) { return matcher.Fits(*instance.impl_); });
 }
 
 std::vector<TCIMInstance*> TCIMClassImpl::EnumerateInstances(bool deep) const {

@@ -4,6 +4,7 @@
 #include <vskcore/model/TCIMInstance.h>
 #include <vskcore/model/TContainer.h>
 
+#include <memory>
 #include <utility>
 
 #include "core/base/Fail.h"
@@ -80,9 +81,14 @@ TCIMQualifierDecl* TContainerImpl::FindQualifierDecl(const std::string& name) co
 }
 
 void TContainerImpl::AddQualifierDecl(TCIMQualifierDecl& declaration) {
-  const boost::shared_ptr<TCIMQualifierDecl> owned(&declaration);
+  std::unique_ptr<TCIMQualifierDecl> owned(&declaration);
   const std::string& name = declaration.GetName();
-  if (!qualifierDecls_.AddKey(NormalizeCIMName(name), owned)) FailTaken("qualifier " + name);
+  std::string key = NormalizeCIMName(name);
+  const TCIMQualifierDecl* const present = qualifierDecls_.FindKey(key);
+  if (present == &declaration) owned.release();  // the table's already, not to be destroyed
+  if (present != nullptr) FailTaken("qualifier " + name);
+  qualifierDecls_.Adopt(std::move(key), declaration);
+  owned.release();
 }
 
 void TContainerImpl::RemoveQualifierDecl(const TCIMQualifierDecl& declaration) {

@@ -34,26 +34,27 @@ TPathMatcher::TPathMatcher(const TNameTable<TCIMPropertyDecl>& table,
     : reference_(reference) {
   for (const auto& [key, declaration] : table.Items()) {
     if (!IsTrue(declaration->FindQualifier("KEY"))) continue;
-    keys_.push_back(declaration.get());
+    keys_.push_back({&key, declaration.get()});
     buildsAlways_ = buildsAlways_ || !Spells(declaration->GetName(), key);
   }
-  std::sort(keys_.begin(), keys_.end(),
-            [](const auto* left, const auto* right) { return left->GetName() < right->GetName(); });
+  std::sort(keys_.begin(), keys_.end(), [](const TKey& left, const TKey& right) {
+    return left.declaration->GetName() < right.declaration->GetName();
+  });
 }
 
-bool TPathMatcher::Fits(const TCIMInstance& instance) {
+bool TPathMatcher::Fits(const TCIMInstanceImpl& instance) {
   if (!Collect(instance)) return instance.BuildPath() == reference_;
   return &instance.GetClass() == reference_.FindClass() && CollectedFit();
 }
 
-bool TPathMatcher::Collect(const TCIMInstance& instance) {
+bool TPathMatcher::Collect(const TCIMInstanceImpl& instance) {
   if (buildsAlways_) return false;
   values_.clear();
-  for (const TCIMPropertyDecl* key : keys_) {
-    const TCIMProperty* property = instance.FindProperty(key->GetName());
+  for (const TKey& key : keys_) {
+    const TCIMProperty* property = instance.FindKey(*key.key);
     if (property == nullptr) return false;
     const TCIMValue& value = TPeek::Value(*property);
-    if (value.GetType() != key->GetType() || !IsPlain(value.GetType())) return false;
+    if (value.GetType() != key.declaration->GetType() || !IsPlain(value.GetType())) return false;
     values_.push_back(&value);
   }
   return true;
@@ -64,7 +65,8 @@ bool TPathMatcher::CollectedFit() const {
   if (bindings.size() != keys_.size()) return false;
   auto binding = bindings.begin();
   for (std::size_t i = 0; i < keys_.size(); ++i, ++binding) {
-    if (keys_[i]->GetName() != binding->first || *values_[i] != binding->second) return false;
+    const std::string& name = keys_[i].declaration->GetName();
+    if (name != binding->first || *values_[i] != binding->second) return false;
   }
   return true;
 }

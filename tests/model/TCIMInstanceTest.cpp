@@ -378,6 +378,10 @@ TEST_F(TAllSearches, OfKeysThatAreReferencesDateTimesAndArrays) {
   paths.push_back(
       schema.Path(event, {{"At", TCIMValue(TCIMDateTime("20051031165918.000000+000"))}}));
   paths.push_back(schema.Path(link, {{"To", NullReference(disk)}}));
+  // Neither another name nor another number of keys lets the values be compared.
+  const TCIMValue interval(TCIMDateTime("00000001020304.000005:000"));
+  paths.push_back(schema.Path(event, {{"at", interval}}));
+  paths.push_back(schema.Path(event, {{"At", interval}, {"at", interval}}));
   ExpectWalks(paths);
   EXPECT_EQ(5, hits);  // the disk, both links, the timestamp in both spellings
   EXPECT_EQ((std::set<vskStatus>{vskStatusOK, vskStatusInvalidDateTime, vskStatusNotImplemented}),
@@ -402,8 +406,8 @@ TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
   schema.Qualify(name, "KEY", TCIMValue("yes"));
   EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("a bad key and nothing to see it"));
   name.RemoveQualifier(const_cast<TCIMQualifier&>(name.GetQualifier("KEY")));
-  schema.Add(disk, {{"Id", TCIMValue(1u)}, {"Name", TCIMValue(2u)}});
   schema.Add(disk, {{"Id", TCIMValue(1u)}});
+  schema.Add(disk, {{"Id", TCIMValue(1u)}, {"Name", TCIMValue(2u)}});
   EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("as usual"));
   EXPECT_EQ(1, hits);
 
@@ -413,6 +417,9 @@ TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
   EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("a new key"));
   name.SetValue(TCIMValue("text"));
   EXPECT_EQ(TStatuses{vskStatusTypeMismatch}, expectWalks("a key of another type"));
+  const TCIMValue noCopy(TType(TType::cimChar), 0);
+  EXPECT_EQ(vskStatusTypeMismatch, StatusOf([&] { name.SetValue(noCopy); }));  // takes the type
+  EXPECT_EQ(TStatuses{vskStatusTypeMismatch}, expectWalks("a key that no path can take"));
   name.SetValue(TCIMValue(3u));
   id.SetName("Ident");
   EXPECT_EQ(TStatuses{vskStatusNotFound}, expectWalks("a renamed key"));

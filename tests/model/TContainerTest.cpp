@@ -71,6 +71,11 @@ TEST_F(TContainerJoin, OfAQualifierDeclarationIsForGood) {
   EXPECT_EQ(vskStatusInvalidCIMName, add("K-Y"));
   EXPECT_EQ("CIM name 'K-Y' is invalid", log.Take());
   EXPECT_EQ("KEY K-Y ", notes);
+  // One that stands there already is refused too, but stays.
+  TCIMQualifierDecl& added = container.GetQualifierDecl("key");
+  EXPECT_EQ(vskStatusAlreadyExists, StatusOf([&] { added.AddToContainer(); }));
+  EXPECT_EQ("[3] TContainer: qualifier Key already defined", log.Take());
+  EXPECT_EQ("KEY K-Y ", notes);
   EXPECT_EQ("Key", container.GetQualifierDecl("key").GetName());
   container.RemoveQualifierDecl(container.GetQualifierDecl("key"));
   EXPECT_EQ("KEY K-Y Key ", notes);

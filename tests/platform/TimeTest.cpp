@@ -3,13 +3,18 @@
 #include <vskcore/model/TCIMDateTime.h>
 #include <vskcore/platform/TOSSpecific.h>
 
+#include <chrono>
+#include <ctime>
+
 #include "support/TZone.h"
 
 namespace {
 
-// The clock's whole seconds as a timestamp of Greenwich.
+// The clock's whole seconds as a timestamp of Greenwich. From the same clock that the code under
+// test reads: time() may lag behind it by a tick, and so by a second.
 TCIMDateTime Greenwich() {
-  const std::time_t now = time(nullptr);
+  using TClock = std::chrono::system_clock;
+  const std::time_t now = TClock::to_time_t(TClock::now());
   const std::tm utc = *gmtime(&now);
   const auto cut = [](int field) { return static_cast<unsigned short>(field); };
   return TCIMDateTime(cut(utc.tm_year + 1900), cut(utc.tm_mon + 1), cut(utc.tm_mday),

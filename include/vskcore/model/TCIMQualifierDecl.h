@@ -59,8 +59,8 @@ class VSK_EXPORT TCIMQualifierDecl {
 
   void Validate() const;  // accepts everything
   // Hands this heap object to its container, at once and for good: it is destroyed when the call
-  // fails. Throws vskStatusAlreadyExists (logged at level 3) for a name that is taken,
-  // vskStatusInvalidCIMName for one that is no CIM name.
+  // fails, unless it stands there already. Throws vskStatusAlreadyExists (logged at level 3) for a
+  // name that is taken, vskStatusInvalidCIMName for one that is no CIM name.
   void AddToContainer() const;
 
   // By name alone, in any case of letters. Throw vskStatusInvalidCIMName.
