@@ -30,8 +30,8 @@ class CoreDocumentTest : public testing::Test {
   TContainer container;
 };
 
-// The types that the core insists on, and the flavors that its rules stand on.
-TEST_F(CoreDocumentTest, DeclaresWhatTheCoreReads) {
+// The types that the core and the host insist on, and the flavors that the core's rules stand on.
+TEST_F(CoreDocumentTest, DeclaresWhatIsRead) {
   constexpr TFlavor kFixed = TCIMQualifierDecl::flavorToSubclass;
   constexpr TFlavor kHere = TCIMQualifierDecl::flavorOverridable;
   const struct {
@@ -51,6 +51,15 @@ TEST_F(CoreDocumentTest, DeclaresWhatTheCoreReads) {
       {"DONTCOLLECT", TType::cimBoolean, kHere},
       {"PLUGINNAME", TType::cimString, kHere},
       {"PLUGINVERSION", TType::cimString, kHere},
+      {"Description", TType::cimString, -1},
+      {"DisplayName", TType::cimString, -1},
+      {"DisplayOrder", TType::cimUint16, -1},
+      {"Category", TType::cimString, -1},
+      {"Identity", TType::cimBoolean, -1},
+      {"Volatile", TType::cimBoolean, -1},
+      {"Sensitivity", TType::cimString, -1},
+      {"Privilege", TType::cimString, -1},
+      {"DataSource", TType::cimString, -1},
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.name);

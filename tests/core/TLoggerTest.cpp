@@ -72,7 +72,7 @@ class TLoggerTest : public testing::Test {
     return picture;
   }
 
-  vsk::detail::TLogger logger;
+  TLogger logger;
   TNamedPlugin plugin;
 };
 

@@ -143,6 +143,7 @@ TEST_F(TFilesTest, CopyFailsByCause) {
       {file, file + "/new", vskStatusFileSystemError},
       {file, temp.Path(), vskStatusAccessDenied},
       {temp.Path(), temp.Path("other"), vskStatusAccessDenied},
+      {temp.Path(), file, vskStatusAccessDenied},
       {file, "/dev/full", vskStatusFileSystemError},
       {file, closed, vskStatusAccessDenied},
   };
@@ -152,6 +153,8 @@ TEST_F(TFilesTest, CopyFailsByCause) {
     EXPECT_EQ(row.status, StatusOf([&] { TOSSpecific::FileCopy(row.from, row.to); })) << row.to;
   }
   EXPECT_FALSE(TOSSpecific::FileExists(temp.Path("new")));
+  EXPECT_FALSE(TOSSpecific::FileExists(temp.Path("other")));
+  EXPECT_EQ("text", temp.Content("file"));
   EXPECT_EQ("old", temp.Content("closed"));
 }
 
@@ -160,7 +163,8 @@ TEST_F(TFilesTest, ListDirIsSortedAndLeavesDotsOut) {
   temp.MakeDir("Dir");
   EXPECT_EQ((vector<string>{"B", "Dir", "_z", "a.d", "b"}), TOSSpecific::ListDir(temp.Path()));
   EXPECT_EQ(vector<string>(), TOSSpecific::ListDir(temp.Path("Dir")));
-  for (const string& path : {temp.Path("missing"), temp.Path("b"), string()}) {
+  EXPECT_EQ(TOSSpecific::ListDir("/"), TOSSpecific::ListDir(""));
+  for (const string& path : {temp.Path("missing"), temp.Path("b")}) {
     EXPECT_EQ(vskStatusFileSystemError, StatusOf([&] { TOSSpecific::ListDir(path); })) << path;
   }
 }
@@ -168,9 +172,10 @@ TEST_F(TFilesTest, ListDirIsSortedAndLeavesDotsOut) {
 TEST_F(TFilesTest, FindPluginsLooksOneLevelDown) {
   TTempDir elsewhere;
   elsewhere.MakeFile("far.pi.so");
-  for (const char* name : {"top.pi.so", "cpu/cpu.pi.so", "cpu/CPU.PI.SO", "cpu/a.pi.so",
-                           "cpu/cpu.so", "cpu/x.pi.so.1", "cpu/deep/deep.pi.so", ".hidden/h.pi.so",
-                           "Disk/disk.pi.so", "Disk/disk.properties.xml", "doc/readme"}) {
+  for (const char* name :
+       {"top.pi.so", "cpu/cpu.pi.so", "cpu/CPU.PI.SO", "cpu/a.pi.so", "cpu/cpu.so", "cpu/.x.pi.so",
+        "cpu/x.pi.so.1", "cpu/deep/deep.pi.so", ".hidden/h.pi.so", "Disk/disk.pi.so",
+        "Disk/disk.properties.xml", "doc/readme"}) {
     temp.MakeFile(name);
   }
   temp.MakeDir("empty");
@@ -178,7 +183,8 @@ TEST_F(TFilesTest, FindPluginsLooksOneLevelDown) {
   temp.MakeLink("broken", "missing");
   temp.MakeLink("circle", "circle");
   const vector<string> expected = {temp.Path("Disk/disk.pi.so"), temp.Path("bus/far.pi.so"),
-                                   temp.Path("cpu/a.pi.so"), temp.Path("cpu/cpu.pi.so")};
+                                   temp.Path("cpu/.x.pi.so"), temp.Path("cpu/a.pi.so"),
+                                   temp.Path("cpu/cpu.pi.so")};
   EXPECT_EQ(expected, TOSSpecific::FindPlugins(temp.Path()));
   EXPECT_EQ(vector<string>(), TOSSpecific::FindPlugins(temp.Path(".hidden")));
   for (const string& path : {temp.Path("missing"), temp.Path("top.pi.so")}) {

@@ -37,12 +37,12 @@ class VSK_EXPORT ILogger {
 
   // Logs bytes as two lower-case hexadecimal digits and a blank each. plugin may be null. More
   // than 10240 bytes give the error "Too much data to log--10k limit!" instead, whatever the level.
-  // Level 100 does nothing here. Throws vskStatusFail for a level that has no tag.
+  // Level 100 does nothing here. Otherwise as Log.
   virtual void LogData(IPlugin* plugin, std::int32_t level, const void* data,
                        std::int32_t length) = 0;
 
   // Logs a text. plugin may be null for the core. Throws vskStatusFail for a level that passes the
-  // threshold and has no tag (a negative one), after its record was made.
+  // threshold and has no tag: a negative one, after its record was made, or one above 4.
   virtual void Log(IPlugin* plugin, std::int32_t level, const std::string& text) = 0;
 
   // The records kept so far, in order of arrival. The reference stays valid; the list grows with

@@ -40,14 +40,15 @@ class VSK_EXPORT TOSSpecific {
   // Copies a file's content over an existing one, which keeps its permissions, or to a new one with
   // the permissions of the source. A file copied onto itself stays as it is; a failure on the way
   // leaves the target incomplete. Throws vskStatusAccessDenied, for a directory on either side too,
-  // or vskStatusFileSystemError.
+  // or vskStatusFileSystemError; what can't be opened leaves the target as it was.
   static void FileCopy(std::string from, std::string to);
   // In bytes. Throws vskStatusFileNotFound, for a directory too, or vskStatusFileSystemError.
   static std::uint64_t GetFileSize(std::string path);
   // Throws vskStatusFileSystemError.
   static std::string GetCurrentDir();
   // The names in a directory, files and directories alike, without those that begin with ".";
-  // sorted. Throws vskStatusFileSystemError when it can't be listed.
+  // sorted. "" is the root, as it is in front of a separator. Throws vskStatusFileSystemError when
+  // it can't be listed.
   static std::vector<std::string> ListDir(std::string path);
   // The full paths of the plug-in libraries one level down: dir/<folder>/<name>.pi.so, sorted by
   // folder, then by name. Folders that begin with "." are passed over. Throws

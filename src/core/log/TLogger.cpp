@@ -14,6 +14,7 @@ constexpr std::int32_t kVerbose = 4;
 constexpr std::int32_t kRecordOnly = 100;
 constexpr std::int32_t kMaxDataLength = 10240;
 
+const char kDigits[] = "0123456789abcdef";
 const char* const kTags[] = {"[Error] ", "[Warning] ", "[Status] ", "[Debug] ", "[Verbose] "};
 
 ILogger* coreLogger = nullptr;
@@ -36,8 +37,7 @@ string Dump(const void* data, std::int32_t length) {
   string text;
   if (length > 0) text.reserve(static_cast<std::size_t>(length) * 3);
   for (std::int32_t i = 0; i < length; ++i) {
-    const char* const digits = "0123456789abcdef";
-    text += {digits[bytes[i] >> 4], digits[bytes[i] & 15], ' '};
+    text += {kDigits[bytes[i] >> 4], kDigits[bytes[i] & 15], ' '};
   }
   return text;
 }
@@ -60,8 +60,6 @@ ILogger::~ILogger() = default;
 
 ILogger* TRootObject::GetCoreLogger() { return coreLogger; }
 
-namespace vsk::detail {
-
 void TLogger::LogData(IPlugin* plugin, std::int32_t level, const void* data, std::int32_t length) {
   if (length > kMaxDataLength) return Log(nullptr, 0, "Too much data to log--10k limit!");
   if (level == kRecordOnly || level > level_) return;
@@ -82,6 +80,8 @@ void TLogger::Deliver(IPlugin* plugin, std::int32_t level, const string& text) {
 void TLogger::AddRecord(IPlugin* plugin, std::int32_t level, const string& text) {
   records_.push_back({plugin, level, text, Now()});
 }
+
+namespace vsk::detail {
 
 vskStatus CreateCoreLogger() {
   if (coreLogger == nullptr) coreLogger = new TLogger;

@@ -10,8 +10,6 @@
 #include <list>
 #include <string>
 
-namespace vsk::detail {
-
 // Writes lines through TOSSpecific::OutputLogString and keeps records in memory.
 class TLogger : public ILogger {
  public:
@@ -30,6 +28,8 @@ class TLogger : public ILogger {
   std::int32_t level_ = 2;
   std::list<TLogRecord> records_;
 };
+
+namespace vsk::detail {
 
 // Creates the logger that TRootObject::GetCoreLogger hands out, before anything else of the core.
 // It belongs to the process; a second call leaves it as it is.

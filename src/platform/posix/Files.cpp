@@ -37,9 +37,10 @@ bool GetStatus(const string& path, struct stat& status) {
   return false;
 }
 
-// All names but "." and "..", in the directory's own order.
+// All names but "." and "..", in the directory's own order. An entry's path is this one, a
+// separator and the name, so what is listed is what stands behind a separator: for "", the root.
 vector<string> ReadDir(const string& path) {
-  const std::unique_ptr<DIR, TCloseDir> dir(opendir(path.c_str()));
+  const std::unique_ptr<DIR, TCloseDir> dir(opendir((path + TOSSpecific::kFileSeparator).c_str()));
   if (!dir) ThrowErrno();
   vector<string> names;
   errno = 0;
@@ -131,6 +132,8 @@ bool TOSSpecific::FileExists(string path) {
 void TOSSpecific::FileCopy(string from, string to) {
   const TFileDescriptor source = OpenForCopy(from, O_RDONLY);
   const struct stat sourceStatus = StatusOf(source);
+  // It opens but can't be read: told before there is a target to spoil.
+  if (S_ISDIR(sourceStatus.st_mode)) throw TVSKException(vskStatusAccessDenied);
   // Emptied only once it is known to be another file than the source.
   TFileDescriptor target = OpenForCopy(to, O_WRONLY | O_CREAT, sourceStatus.st_mode & 0777);
   const struct stat targetStatus = StatusOf(target);
