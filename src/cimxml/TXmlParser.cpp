@@ -5,7 +5,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 // One operation for each production of the grammar; each returns whether it read what it stands
 // for. An element's content is read by recursion, so the open elements are the C++ stack itself.
@@ -14,7 +17,8 @@
 // open.
 //
 // Nothing looks further than the terminating NUL: it is neither space nor name nor quote, so every
-// scan stops at it, and GetChar does not step over it.
+// scan stops at it, and GetChar does not step over it. Scans that take eight bytes at once keep
+// ahead of limit_, which LookAhead moves on, and go byte by byte from there.
 
 namespace {
 
@@ -23,8 +27,7 @@ enum EByteClass : unsigned char {
   kNameByte = 2,
   kSpace = 4,
   kTagEnd = 8,
-  kTextEnd = 16,
-  kValueEnd = 32  // whichever quote opened the value
+  kTextEnd = 16
 };
 
 using TByteClasses = std::array<unsigned char, 256>;
@@ -42,10 +45,11 @@ constexpr TByteClasses MakeByteClasses() {
   Mark(classes, "0123456789.-", kNameByte);
   Mark(classes, " \t\r\n", kSpace);
   Mark(classes, "/>", kTagEnd);
-  Mark(classes, {"<&\0", 3}, kTextEnd | kValueEnd);
-  Mark(classes, "\"'", kValueEnd);
+  Mark(classes, {"<&\0", 3}, kTextEnd);
   return classes;
 }
+
+constexpr std::ptrdiff_t kLookAhead = 4096;
 
 constexpr TByteClasses kByteClasses = MakeByteClasses();
 
@@ -65,25 +69,58 @@ int DigitValue(char byte, int base) {
   return base == 16 && lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-// Most runs are the space between two tags, too short to pay for a call.
-char* FindTextEnd(char* text) {
-  const int kShortRun = 16;
-  for (int count = 0; count < kShortRun; ++count, ++text) {
-    if (Is(*text, kTextEnd)) return text;
+// Eight bytes, the first one lowest, whatever the machine's byte order.
+using TWord = std::uint64_t;
+constexpr std::ptrdiff_t kWordSize = sizeof(TWord);
+constexpr TWord kOnes = ~TWord{0} / 255;
+
+TWord LoadWord(const char* place) {
+  TWord word = 0;
+  for (std::size_t index = 0; index < sizeof word; ++index) {
+    word |= TWord{static_cast<unsigned char>(place[index])} << (8 * index);
   }
-  return text + std::strcspn(text, "<&");
+  return word;
 }
 
-template <typename TWord>
-bool SameWord(const char* left, const char* right) {
-  TWord leftWord;
-  TWord rightWord;
-  std::memcpy(&leftWord, left, sizeof leftWord);
-  std::memcpy(&rightWord, right, sizeof rightWord);
-  return leftWord == rightWord;
+// Has the high bit of the first such byte, and of none ahead of it; 0 without any.
+constexpr TWord MarkByte(TWord word, char byte) {
+  const TWord difference = word ^ (kOnes * static_cast<unsigned char>(byte));
+  return (difference - kOnes) & ~difference & (kOnes << 7);
 }
 
-// Equality for names of 4 to 16 bytes in two comparisons of words, which may overlap.
+std::ptrdiff_t GetFirst(TWord marks) { return __builtin_ctzll(marks) / 8; }
+
+// "<", "&" or the end. Runs are short: most are the space between two tags.
+char* FindTextEnd(char* place, const char* limit) {
+  for (; limit - place >= kWordSize; place += kWordSize) {
+    const TWord word = LoadWord(place);
+    const TWord marks = MarkByte(word, '<') | MarkByte(word, '&');
+    if (marks != 0) return place + GetFirst(marks);
+  }
+  return place + std::strcspn(place, "<&");
+}
+
+// The closing quote, or what may not stand ahead of it.
+char* FindValueEnd(char* place, const char* limit, char quote) {
+  for (; limit - place >= kWordSize; place += kWordSize) {
+    const TWord word = LoadWord(place);
+    const TWord marks = MarkByte(word, quote) | MarkByte(word, '<') | MarkByte(word, '&');
+    if (marks != 0) return place + GetFirst(marks);
+  }
+  while (*place != quote && !Is(*place, kTextEnd)) ++place;
+  return place;
+}
+
+template <typename TPart>
+bool SamePart(const char* left, const char* right) {
+  TPart leftPart;
+  TPart rightPart;
+  std::memcpy(&leftPart, left, sizeof leftPart);
+  std::memcpy(&rightPart, right, sizeof rightPart);
+  return leftPart == rightPart;
+}
+
+// Equality for names of 4 to 16 bytes in two comparisons, whose parts may overlap.
 bool Same(std::string_view left, std::string_view right) {
   const std::size_t size = left.size();
   if (size != right.size()) return false;
@@ -91,9 +128,9 @@ bool Same(std::string_view left, std::string_view right) {
   const char* const a = left.data();
   const char* const b = right.data();
   if (size < 8) {
-    return SameWord<std::uint32_t>(a, b) && SameWord<std::uint32_t>(a + size - 4, b + size - 4);
+    return SamePart<std::uint32_t>(a, b) && SamePart<std::uint32_t>(a + size - 4, b + size - 4);
   }
-  return SameWord<std::uint64_t>(a, b) && SameWord<std::uint64_t>(a + size - 8, b + size - 8);
+  return SamePart<std::uint64_t>(a, b) && SamePart<std::uint64_t>(a + size - 8, b + size - 8);
 }
 
 // Neither is empty.
@@ -112,9 +149,9 @@ struct TXmlParser::TAttribute {
 };
 
 // Makes a map hold exactly the attributes of one tag, whatever it held before: an entry that has
-// the same name is taken over, storage and all, and only what is new costs an allocation. To meet
-// the map in its own order, the attributes of a usual tag are sorted first; the rest of a very
-// long one goes straight into the map.
+// the same name is taken over, what is left over is kept for later ones, and so a document soon
+// costs no allocations. To meet the map in its own order, the attributes of a usual tag are sorted
+// first; the rest of a very long one goes straight into the map.
 class TXmlParser::TAttributeFiller {
  public:
   void Start(TAttributes& target) {
@@ -160,23 +197,42 @@ class TXmlParser::TAttributeFiller {
   void Replace() {
     auto place = target_->begin();
     for (std::size_t index = 0; index < count_; ++index) place = Put(place, few_[index]);
-    target_->erase(place, target_->end());
+    while (place != target_->end()) place = Drop(place);
   }
 
   // Drops old entries up to where the attribute belongs; gives the place behind it.
   TAttributes::iterator Put(TAttributes::iterator place, const TAttribute& attribute) {
-    for (; place != target_->end(); place = target_->erase(place)) {
+    for (; place != target_->end(); place = Drop(place)) {
       if (Same(place->first, attribute.name)) {
         place->second.assign(attribute.value);
         return ++place;
       }
       if (attribute.name < place->first) break;
     }
-    target_->emplace_hint(place, attribute.name, attribute.value);
+    Insert(place, attribute);
     return place;
   }
 
+  TAttributes::iterator Drop(TAttributes::iterator place) {
+    const auto next = std::next(place);
+    spare_.push_back(target_->extract(place));
+    return next;
+  }
+
+  void Insert(TAttributes::iterator place, const TAttribute& attribute) {
+    if (spare_.empty()) {
+      target_->emplace_hint(place, attribute.name, attribute.value);
+      return;
+    }
+    TAttributes::node_type node = std::move(spare_.back());
+    spare_.pop_back();
+    node.key().assign(attribute.name);
+    node.mapped().assign(attribute.value);
+    target_->insert(place, std::move(node));
+  }
+
   TAttributes* target_ = nullptr;
+  std::vector<TAttributes::node_type> spare_;
   std::array<TAttribute, kFew> few_;  // count_ of them, ascending by name
   std::size_t count_ = 0;
   bool isLong_ = false;
@@ -200,14 +256,14 @@ class TXmlParser::TLevels {
 };
 
 TXmlParser::TXmlParser()
-    : position_(nullptr), start_(nullptr), lineMark_(nullptr), lineAtMark_(1) {}
+    : position_(nullptr), start_(nullptr), limit_(nullptr), lineMark_(nullptr), lineAtMark_(1) {}
 TXmlParser::TXmlParser(const TXmlParser& other) = default;
 TXmlParser& TXmlParser::operator=(const TXmlParser& other) = default;
 TXmlParser::~TXmlParser() = default;
 
 void TXmlParser::Parse(char* buffer) {
   position_ = start_ = buffer;
-  lineMark_ = buffer;
+  limit_ = lineMark_ = start_;
   lineAtMark_ = 1;
   TLevels levels;
   ParseProlog();
@@ -283,6 +339,7 @@ bool TXmlParser::ParseProcessingInstruction() {
   return true;
 }
 
+// Reached by no production yet: a notation stands in a DOCTYPE, which is skipped whole.
 bool TXmlParser::ParseNotationDecl() {
   if (!SkipPast(">")) return false;
   notationDecl("TBD", "TBD", "TBD");
@@ -320,7 +377,7 @@ bool TXmlParser::ParseElement(TLevels& levels) {
   if (isEmpty) {
     EndElement(name);
   } else {
-    isComplete = ParseContent(levels, name);
+    isComplete = ParseContent(levels, {name, static_cast<std::size_t>(nameEnd - name)});
   }
   levels.Leave();
   *nameEnd = heldBack;
@@ -353,7 +410,9 @@ inline bool TXmlParser::ParseAttribute(TAttribute& attribute) {
   }
   const char* const value = position_;
   if (!ParseAttributeValue(quote)) return false;
-  std::transform(name, nameEnd, name, ToLower);
+  for (char* letter = name; letter != nameEnd; ++letter) {
+    if (*letter >= 'A' && *letter <= 'Z') *letter = ToLower(*letter);
+  }
   attribute.name = {name, static_cast<std::size_t>(nameEnd - name)};
   attribute.value = {value, static_cast<std::size_t>(position_ - 1 - value)};
   return true;
@@ -361,21 +420,34 @@ inline bool TXmlParser::ParseAttribute(TAttribute& attribute) {
 
 // Reads on until behind the closing quote.
 inline bool TXmlParser::ParseAttributeValue(char quote) {
-  char* place = position_;
-  while (true) {
-    while (!Is(*place, kValueEnd)) ++place;
-    if (*place != '\'' && *place != '"') break;
-    if (*place++ == quote) {
-      position_ = place;
-      return true;
-    }
-  }
-  position_ = place;
-  if (GetChar() == '\0') return Refuse("Unterminated attribute value");
+  position_ = FindValueEnd(position_, limit_, quote);
+  const char end = GetChar();
+  if (end == quote) return true;
+  if (end == '\0') return Refuse("Unterminated attribute value");
   return Refuse("Unexpected character in attribute value");
 }
 
-bool TXmlParser::ParseContent(TLevels& levels, const char* name) {
+inline bool TXmlParser::ParseCharData() {
+  bool hasDelivered = false;
+  while (true) {
+    if (limit_ - position_ < kLookAhead / 2) LookAhead();
+    char* const text = position_;
+    char* const end = FindTextEnd(text, limit_);
+    const char heldBack = *end;
+    if (end != text) {
+      position_ = end;
+      *end = '\0';
+      characters(text, static_cast<unsigned int>(end - text));
+      *end = heldBack;
+      hasDelivered = true;
+    }
+    if (heldBack != '&') return hasDelivered;
+    hasDelivered = true;
+    ParseReference();
+  }
+}
+
+bool TXmlParser::ParseContent(TLevels& levels, std::string_view name) {
   while (true) {
     ParseCharData();
     if (GetChar() != '<') return Refuse("Unexpected character where element expected");
@@ -390,43 +462,25 @@ bool TXmlParser::ParseContent(TLevels& levels, const char* name) {
 }
 
 // From its "/" on.
-inline bool TXmlParser::ParseEndTag(const char* name) {
+inline bool TXmlParser::ParseEndTag(std::string_view name) {
   GetChar();
   if (!ConsumeName(name)) {
     return ValidateName() && Refuse("Start and end element names don't match");
   }
   SkipWhitespace();
   if (GetChar() != '>') return Refuse("Unexpected character before end of element");
-  EndElement(name);
+  EndElement(name.data());
   return true;
 }
 
 // True, and behind the name, if it stands here and ends here.
-inline bool TXmlParser::ConsumeName(const char* name) {
-  char* place = position_;
-  for (; *name != '\0' && *place == *name; ++name) ++place;
-  if (*name != '\0' || Is(*place, kNameByte)) return false;
-  position_ = place;
+inline bool TXmlParser::ConsumeName(std::string_view name) {
+  const bool isInside = limit_ - position_ >= static_cast<std::ptrdiff_t>(name.size());
+  const bool stands = isInside ? Same(name, {position_, name.size()})
+                               : std::strncmp(name.data(), position_, name.size()) == 0;
+  if (!stands || Is(position_[name.size()], kNameByte)) return false;
+  position_ += name.size();
   return true;
-}
-
-bool TXmlParser::ParseCharData() {
-  bool hasDelivered = false;
-  while (true) {
-    char* const text = position_;
-    char* const end = FindTextEnd(text);
-    const char heldBack = *end;
-    if (end != text) {
-      position_ = end;
-      *end = '\0';
-      characters(text, static_cast<unsigned int>(end - text));
-      *end = heldBack;
-      hasDelivered = true;
-    }
-    if (heldBack != '&') return hasDelivered;
-    hasDelivered = true;
-    ParseReference();
-  }
 }
 
 bool TXmlParser::ParseReference() {
@@ -489,6 +543,13 @@ bool TXmlParser::SkipPast(const char* text) {
 bool TXmlParser::Refuse(const char* message) {
   FatalError(message);
   return false;
+}
+
+// Up to the end of the document, by blocks: the bytes are needed again at once.
+void TXmlParser::LookAhead() {
+  const char* const first = std::max<const char*>(limit_, position_);
+  const void* const end = std::memchr(first, '\0', kLookAhead);
+  limit_ = end != nullptr ? static_cast<const char*>(end) : first + kLookAhead;
 }
 
 void TXmlParser::CountLinesTo(const char* place) {

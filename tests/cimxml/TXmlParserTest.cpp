@@ -196,6 +196,8 @@ TEST(TXmlParserDocument, ErrorsInTags) {
       {"<a b= ", "!Unexpected character after equals of attribute name"},
       {"<a b='x<y'/>", inValue},
       {"<a b=\"x&amp;y\"/>", inValue},
+      {"<r><a b='x<yyyyyyyyyyy'/></r>", "<r>" + inValue},
+      {"<r><a b='x&yyyyyyyyyyy'/></r>", "<r>" + inValue},
       {"<a b='", open},
       {"<a b='x", open},
       {"<a b='x\"/>", open},
@@ -248,6 +250,19 @@ TEST(TXmlParserDocument, References) {
       {"<a>&;</a>", unknown},
       {"<a>&", unknown},
   });
+}
+
+// Scans take several bytes at once, by blocks: no place in a word or a block is special.
+TEST(TXmlParserDocument, ReadsAlikeWhereverItStands) {
+  const std::string inside = "<Element.Name Name='a > \"b' b=\"\"/><v>12345678901&lt;<i/></v>";
+  const std::string picture =
+      "<Element.Name b= name=a > \"b></Element.Name><v>'12345678901''<'<i></i></v>";
+  for (std::size_t size = 1; size < 4200; size += size == 32 ? 4000 : 1) {
+    SCOPED_TRACE(size);
+    const std::string padding(size, ' ');
+    EXPECT_EQ("<r>'" + padding + "'" + picture + "</r>",
+              Picture("<r>" + padding + inside + "</r>"));
+  }
 }
 
 TEST(TXmlParserDocument, SomeThingsEndItWithoutAWord) {
@@ -325,6 +340,8 @@ TEST(TXmlParserAttributes, AreTheElementsOwn) {
        "<r><a n=2 s=3 t=1></a><a a=4 o=6 z=5></a><a n=8 s=7 t=9></a></r>"},
       {"<r>" + Numbered(18) + "<a n5='x' n05='y'/></r>",
        "<r>" + Picture(Numbered(18)) + "<a n05=y n5=x></a></r>"},
+      {"<r><a abcdefghi-ijklmnop='1'/><a abcdefghi_ijklmnop='2'/></r>",
+       "<r><a abcdefghi-ijklmnop=1></a><a abcdefghi_ijklmnop=2></a></r>"},
       {"<r><a abcdefgh1='1' ABCDEFGH2='2'/><a abcdefgh2='3'/><a abcd2='4'/><a abcd3='5'/></r>",
        "<r><a abcdefgh1=1 abcdefgh2=2></a><a abcdefgh2=3></a><a abcd2=4></a><a abcd3=5></a></r>"},
   });

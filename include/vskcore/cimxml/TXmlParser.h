@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 
 // Walks one writable, NUL-terminated buffer and reports what it finds through virtual callbacks.
 // It reads the subset of XML 1.0 that CIM-XML (DSP0201) documents need:
@@ -76,20 +77,22 @@ class VSK_EXPORT TXmlParser {
   VSK_LOCAL bool ParseAttributes(TAttributeFiller& filler, TAttributes& attributes);
   VSK_LOCAL bool ParseAttribute(TAttribute& attribute);
   VSK_LOCAL bool ParseAttributeValue(char quote);
-  VSK_LOCAL bool ParseContent(TLevels& levels, const char* name);
-  VSK_LOCAL bool ParseEndTag(const char* name);
-  VSK_LOCAL bool ConsumeName(const char* name);
   VSK_LOCAL bool ParseCharData();
+  VSK_LOCAL bool ParseContent(TLevels& levels, std::string_view name);
+  VSK_LOCAL bool ParseEndTag(std::string_view name);
+  VSK_LOCAL bool ConsumeName(std::string_view name);
   VSK_LOCAL bool ParseReference();
   VSK_LOCAL bool ParseNumericReference();
   VSK_LOCAL bool ConsumeEntityName(const char* name);
   VSK_LOCAL void DeliverByte(char byte);
   VSK_LOCAL bool SkipPast(const char* text);
   VSK_LOCAL bool Refuse(const char* message);
+  VSK_LOCAL void LookAhead();
   VSK_LOCAL void CountLinesTo(const char* place);
 
   char* position_;        // the next byte to read
   char* start_;           // the first byte of the document
+  const char* limit_;     // no NUL ahead of it
   const char* lineMark_;  // line feeds ahead of it are counted already; never past position_
   unsigned int lineAtMark_;
 };
