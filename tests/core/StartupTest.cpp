@@ -93,6 +93,7 @@ TEST(StartupTest, ADocumentThatFailsLeavesNoQueryManager) {
 
   tree.RemoveDocument();
   EXPECT_EQ(failed + "vskStatusFileNotFound" + where + rest, tree.Start());
+  EXPECT_EQ("level -3, 0 plug-ins\n", tree.Start("HWQ_LOGLEVEL=-3"));  // holds for the failure too
   for (const char* content : {"", "<CIM><DECLARATION></CIM>"}) {
     SCOPED_TRACE(content);
     tree.ReplaceDocument(content);

@@ -145,6 +145,7 @@ TEST_F(TFilesTest, CopyFailsByCause) {
       {temp.Path(), temp.Path("other"), vskStatusAccessDenied},
       {temp.Path(), file, vskStatusAccessDenied},
       {file, "/dev/full", vskStatusFileSystemError},
+      {file, "/dev/null", vskStatusOK},  // what can't be emptied
       {file, closed, vskStatusAccessDenied},
   };
   const TWithoutRights nobody;

@@ -176,8 +176,9 @@ TEST_F(TQueryManagerTest, WhatIsNoStandardExceptionReachesTheHost) {
 }
 
 TEST_F(TQueryManagerTest, AFaultyDontCollectEndsThePluginsPass) {
-  List(red, {ClassText("First"), ClassText("Odd", {QualifierText("DONTCOLLECT", "string", "no")}),
-             ClassText("Last")});
+  const std::string odd = QualifierText("DONTCOLLECT", "string", "no");
+  List(red, {ClassText("First"), ClassText("Odd", {odd}), ClassText("Last"),
+             ClassText("Bare", {QualifierText("ABSTRACT", "boolean", "true"), odd})});
   List(blue, {ClassText("A_Lamp")});
   EXPECT_EQ("blue: A_Lamp", Query());
   EXPECT_EQ(
@@ -186,6 +187,7 @@ TEST_F(TQueryManagerTest, AFaultyDontCollectEndsThePluginsPass) {
       "[3] Asking plugin blue for A_Lamp\n"
       "Plugin red threw exception vskStatusTypeMismatch",
       log.Take());
+  EXPECT_EQ("red: First Last", Query({"First", "Last", "Bare"}));
 }
 
 TEST_F(TQueryManagerTest, APluginWithoutClassesIsToldInEachPass) {

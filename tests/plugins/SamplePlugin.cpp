@@ -39,7 +39,8 @@ class TSamplePlugin : public IPluginCallbacks {
   std::string GetInfoText() override { return "A sample"; }
   void Destroy() override { delete this; }
   void Initialize() override {
-    Tell(name_ + " initializes");
+    const bool listed = TRootObject::GetPluginManager()->FindPlugin(name_) != nullptr;
+    Tell(name_ + (listed ? " initializes" : " initializes unlisted"));
     if (kBehaviour == "throws_in_initialize") throw 17;
   }
   void Finalize() override {}
