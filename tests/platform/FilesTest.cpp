@@ -132,6 +132,7 @@ TEST_F(TFilesTest, CopyFailsByCause) {
   const string file = temp.MakeFile("file", "text");
   const string closed = temp.MakeFile("closed", "old");
   chmod(closed.c_str(), 0444);
+  chmod(file.c_str(), 0666);
   chmod(temp.Path().c_str(), 0777);
   const struct {
     string from;

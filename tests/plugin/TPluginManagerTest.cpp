@@ -118,6 +118,7 @@ TEST_F(TPluginManagerTest, HowFarAPluginGetsDependsOnInitializeAndType) {
       {"throws_in_initialize", "throws_in_initialize throws_in_initialize.pi.so- (none)\n", false},
       {"type_1", "type_1 type_1.pi.so+ Sample_type_1\n", true},
       {"type_2", "type_2 type_2.pi.so+ (none)\n", false},
+      {"type_below_0", "type_below_0 type_below_0.pi.so+ (none)\n", false},
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.behaviour);

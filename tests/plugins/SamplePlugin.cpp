@@ -32,6 +32,7 @@ class TSamplePlugin : public IPluginCallbacks {
 
   std::int32_t GetType() override {
     if (kBehaviour == "type_1") return 1;
+    if (kBehaviour == "type_below_0") return -1;
     return kBehaviour == "type_2" ? 2 : 0;
   }
   std::string GetName() override { return name_; }
