@@ -1,24 +1,32 @@
 #!/bin/bash
-# Compiles each public header alone, as a user would who includes nothing else: with both compilers
-# as C++17, and those that are pure C as strict C99 as well.
+# Compiles each public header alone, as for a user who includes nothing else: with both compilers as
+# C++17, and those that are pure C as strict C99 too.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../include"
 
-flags=(-fsyntax-only -I. -Wall -Wextra -Wpedantic -Werror -x)
+flags=(-fsyntax-only -I. -Wall -Wextra -Wpedantic -Werror)
 failed=0
-try() { "$@" || { echo "does not compile alone: ${*: -1}" >&2; failed=1; }; }
+
+# alone HEADER COMPILER FLAGS...
+alone() {
+  local header=$1
+  shift
+  # The declaration is there because C forbids a unit without any.
+  printf '#include <%s>\ntypedef int vskUnit;\n' "$header" | "$@" "${flags[@]}" - || {
+    echo "does not compile alone: $header ($*)" >&2
+    failed=1
+  }
+}
 
 while read -r header; do
-  for compiler in g++ clang++; do
-    try "$compiler" -std=c++17 "${flags[@]}" c++ - <<<"#include <$header>"$'\n' || true
-  done
-  # The C headers are named after the C interface.
+  alone "$header" g++ -std=c++17 -x c++
+  alone "$header" clang++ -std=c++17 -x c++
   case ${header##*/} in
-    vskcore.h) ;;
+    vskcore.h) ;; # gathers the C++ headers
     vsk*.h)
-      for compiler in gcc clang; do
-        try "$compiler" -std=c99 -pedantic-errors "${flags[@]}" c - <<<"#include <$header>" || true
-      done ;;
+      alone "$header" gcc -std=c99 -pedantic-errors -x c
+      alone "$header" clang -std=c99 -pedantic-errors -x c
+      ;;
   esac
-done < <(find vskcore -name '*.h' | sort)
+done < <(find vskcore -name '*.h' | LC_ALL=C sort)
 exit "$failed"
