@@ -6,10 +6,14 @@ set(VSK_CORE_DIR lib/vskcore)
 
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${VSK_BIN_DIR})
 
-# vsk_add_collector(NAME SOURCES...): a plug-in with its specification document beside it.
+# vsk_add_collector(NAME SOURCES...): a plug-in with its specification document beside it. Its folder
+# also holds Register.cpp, the one source that only the plug-in itself may link: collector_NAME_parts
+# is everything else, for tests.
 function(vsk_add_collector name)
-  add_library(collector_${name} MODULE ${ARGN})
-  target_link_libraries(collector_${name} PRIVATE collector_common vsk_warnings)
+  add_library(collector_${name}_parts OBJECT ${ARGN})
+  target_link_libraries(collector_${name}_parts PUBLIC collector_common PRIVATE vsk_warnings)
+  add_library(collector_${name} MODULE Register.cpp)
+  target_link_libraries(collector_${name} PRIVATE collector_${name}_parts vsk_warnings)
   target_link_options(collector_${name} PRIVATE -Wl,--no-undefined)
   set_target_properties(collector_${name} PROPERTIES
     PREFIX "" OUTPUT_NAME ${name} SUFFIX .pi.so

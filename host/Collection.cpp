@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <utility>
 
 #include "Order.h"
 
@@ -53,7 +54,7 @@ bool IsNameLike(const std::string& name) {
 std::vector<TCIMClass*> Family(const TContainer& container, const std::string& name) {
   // The core would log an error about a text that is no name at all.
   TCIMClass* named = IsNameLike(name) ? container.FindClass(name) : nullptr;
-  if (named == nullptr) throw THostFailure(kExitCommandLine, "there is no class " + name);
+  if (named == nullptr) throw THostFailure(kExitCommandLine, "there is no class \"" + name + '"');
   std::vector<TCIMClass*> family = named->EnumerateSubClasses(true);
   family.push_back(named);
   return family;
@@ -91,6 +92,16 @@ std::vector<std::string> NamesToCollect(const std::vector<TCIMClass*>& wanted) {
   return names;
 }
 
+std::string WhyNothing(IPluginManager& manager, const TArguments& arguments) {
+  std::string reason = "nothing could be collected";
+  if (manager.GetPlugins().empty()) return reason + ": there are no plug-ins";
+  const char* separator = " for ";
+  for (const std::string& name : arguments.classNames) {
+    reason += std::exchange(separator, ", ") + name;
+  }
+  return reason;
+}
+
 }  // namespace
 
 std::vector<const TCIMClass*> Collect(const TArguments& arguments) {
@@ -111,10 +122,6 @@ std::vector<const TCIMClass*> Collect(const TArguments& arguments) {
   for (const TCIMClass* cimClass : wanted) {
     if (!cimClass->EnumerateInstances(false).empty()) filled.push_back(cimClass);
   }
-  if (filled.empty()) {
-    throw THostFailure(kExitFailed, manager.GetPlugins().empty()
-                                        ? "nothing could be collected: there are no plug-ins"
-                                        : "nothing could be collected");
-  }
+  if (filled.empty()) throw THostFailure(kExitFailed, WhyNothing(manager, arguments));
   return InDisplayOrder(std::move(filled));
 }

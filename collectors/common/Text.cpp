@@ -59,15 +59,16 @@ std::optional<std::string> CleanText(std::string_view raw) {
     const std::size_t length = SequenceLength(rest);
     const std::string_view sequence = rest.substr(0, std::max<std::size_t>(length, 1));
     rest.remove_prefix(sequence.size());
-    if (kSpace.find(sequence[0]) != std::string_view::npos && sequence[0] != ' ') {
+    if (kSpace.find(sequence[0]) != std::string_view::npos) {
       if (!clean.empty() && clean.back() != ' ') clean += ' ';
     } else if (length != 0 && !IsControl(sequence)) {
       clean += sequence;
     }
   }
-  clean = std::string(Trim(clean));
-  if (clean.empty()) return std::nullopt;
-  return clean;
+  // What is left out may have stood at an end.
+  const std::string_view trimmed = Trim(clean);
+  if (trimmed.empty()) return std::nullopt;
+  return std::string(trimmed);
 }
 
 bool IsPlaceholder(std::string_view text) {

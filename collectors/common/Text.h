@@ -12,8 +12,8 @@
 // All pure. "Nothing" (nullopt) becomes NULL when it is written: what can't be known is never "",
 // 0 or "Unknown".
 
-// Valid UTF-8 without control characters, trimmed, with runs of line ends and tabs as one blank.
-// Bytes that are no UTF-8 are left out. Nothing when nothing is left.
+// Valid UTF-8 without control characters, trimmed, each run of white space as one blank. Bytes that
+// are no UTF-8 are left out. Nothing when nothing is left.
 std::optional<std::string> CleanText(std::string_view raw);
 
 // The same for what firmware says about itself: placeholders that makers leave in ("To Be Filled

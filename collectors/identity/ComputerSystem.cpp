@@ -16,6 +16,12 @@ std::optional<std::string> FirstOf(const std::optional<std::string>& first,
   return text ? text : Then(second, parse);
 }
 
+std::optional<std::string> HostName(std::string_view text) {
+  const std::optional<std::string> name = CleanText(text);
+  // What a kernel is called that nobody has named.
+  return name == "(none)" ? std::nullopt : name;
+}
+
 // The value of the first line of that key, with the keys compared whole.
 std::optional<std::string> Line(const std::string& cpuInfo, const std::string& key) {
   const auto values = ParseColonLines(cpuInfo);
@@ -103,8 +109,7 @@ TComputerSystemSource ReadComputerSystem(const TSource& source) {
 
 TComputerSystem ParseComputerSystem(const TComputerSystemSource& source) {
   TComputerSystem system;
-  system.name = FirstOf(source.kernelHostName, source.fileHostName, CleanText);
-  if (system.name == "(none)") system.name.reset();
+  system.name = FirstOf(source.kernelHostName, source.fileHostName, HostName);
   system.manufacturer = Then(source.vendor, FirmwareText);
   system.productName = FirstOf(source.productName, source.treeModel, FirmwareText);
   system.productVersion = Then(source.productVersion, FirmwareText);
