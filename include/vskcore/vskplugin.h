@@ -74,10 +74,10 @@ typedef struct vskPluginCallbacks {
 /* VSK_PLUGIN(function) at file level makes the loader call void function(void) when the library is
  * loaded. Put vskRegisterPlugin there. */
 #if defined(__GNUC__)
-#define VSK_PLUGIN(register_function)                                       \
+#define VSK_PLUGIN(register_function)                                                \
   __attribute__((constructor)) static void vskCallAtLoad_##register_function(void) { \
-    register_function();                                                    \
-  }                                                                         \
+    register_function();                                                             \
+  }                                                                                  \
   struct vskSemicolonFollows_##register_function
 #else
 #error "VSK_PLUGIN has no form for this compiler yet"
@@ -110,7 +110,8 @@ VSK_EXPORT vskStatus vskGetLocalTime(TCIMDateTime* datetime);
 
 /* Opens an instance of that class; the one that was open before is validated and added to its
  * class first, and so is the last one at the end of a query that returns 0. When that fails, its
- * status is returned and it stays open. vskStatusNotFound: no such class; then no instance is open. */
+ * status is returned and it stays open. vskStatusNotFound: no such class; then no instance is open.
+ */
 VSK_EXPORT vskStatus vskAddClass(vskIOHandle* handle, const char* name);
 
 /* Set a property of the open instance; a property set twice takes the last value.
