@@ -1,8 +1,8 @@
 #include "BenchSupport.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -102,11 +102,11 @@ void WriteFile(const std::string& path, const std::string& text) {
 
 double TimeOf(const TContender& contender) {
   if (contender.before) contender.before();
-  const auto start = std::chrono::steady_clock::now();
+  const std::clock_t start = std::clock();
   contender.run();
-  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+  const double taken = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
   if (contender.after) contender.after();
-  return taken.count();
+  return taken;
 }
 
 void PrintRow(const std::string& name, std::vector<double>& seconds, std::size_t size,
@@ -153,7 +153,8 @@ void Compare(const std::string& title, std::size_t size,
       seconds[index].push_back(TimeOf(contenders[index]));
     }
   }
-  std::printf("\n%s, %zu bytes, %d runs each, in turns\n", title.c_str(), size, kRuns);
+  std::printf("\n%s, %zu bytes, %d runs each, in turns, processor time\n", title.c_str(), size,
+              kRuns);
   std::printf("  %-34s %12s %12s %13s %7s\n", "", "median", "best", "throughput", "times");
   std::vector<double> first = seconds.front();
   std::nth_element(first.begin(), first.begin() + kRuns / 2, first.end());

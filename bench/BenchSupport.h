@@ -37,9 +37,9 @@ struct TContender {
   std::function<void()> after;
 };
 
-// Times the contenders in turns, so that a slow moment of the machine meets all of them, and prints
-// a row for each: median and best of the runs, throughput over size bytes, and how many times the
-// first contender's median it takes.
+// Takes the processor time of the contenders in turns, so that a slow moment of the machine meets
+// all of them, and prints a row for each: median and best of the runs, throughput over size bytes,
+// and how many times the first contender's median it takes.
 void Compare(const std::string& title, std::size_t size, const std::vector<TContender>& contenders);
 
 // Runs a bench; what it throws is written to standard error. Gives the exit status.
