@@ -52,7 +52,7 @@ std::string MakeSchema() {
                      QualifierDeclaration("MaxLen", "uint32");
   for (int number = 0; number < kSyntheticClasses; ++number) {
     const std::string name = "Bench_Class" + std::to_string(number);
-    body += "<CLASS NAME=\"" + name + "\">\n" + Prose(name) +
+    body += "<VALUE.OBJECT>\n<CLASS NAME=\"" + name + "\">\n" + Prose(name) +
             Property("Id", "uint32", Qualifier("Key", "boolean", "true") + Prose("The number"));
     for (const char* property : {"Caption", "Vendor", "Version", "SerialNumber", "Status"}) {
       body += Property(property, "string", Prose(property) + Qualifier("MaxLen", "uint32", "64"));
@@ -60,7 +60,7 @@ std::string MakeSchema() {
     for (const char* property : {"Capacity", "Free", "Used"}) {
       body += Property(property, "uint64", Prose(property));
     }
-    body += "</CLASS>\n";
+    body += "</CLASS>\n</VALUE.OBJECT>\n";
   }
   return Document(body);
 }
