@@ -7,10 +7,20 @@
 #include <string>
 #include <vector>
 
+enum class ECommand { kCollect, kIdentity, kPlugins, kAssociators, kReferences };
+
 struct TArguments {
+  ECommand command = ECommand::kCollect;
   std::vector<std::string> classNames;  // as typed; empty for all classes
   bool json = false;
   std::optional<std::int32_t> logLevel;
+
+  // Of the two walks. An empty text restricts nothing.
+  std::string object;  // a class's name or an instance's path
+  std::string assocClass;
+  std::string resultClass;
+  std::string role;
+  std::string resultRole;
 };
 
 // The exit statuses of the program.

@@ -52,11 +52,9 @@ bool IsNameLike(const std::string& name) {
 
 // The class of that name and all that derive from it: a base stands for its kinds.
 std::vector<TCIMClass*> Family(const TContainer& container, const std::string& name) {
-  // The core would log an error about a text that is no name at all.
-  TCIMClass* named = IsNameLike(name) ? container.FindClass(name) : nullptr;
-  if (named == nullptr) throw THostFailure(kExitCommandLine, "there is no class \"" + name + '"');
-  std::vector<TCIMClass*> family = named->EnumerateSubClasses(true);
-  family.push_back(named);
+  TCIMClass& named = ClassOrFailure(container, name);
+  std::vector<TCIMClass*> family = named.EnumerateSubClasses(true);
+  family.push_back(&named);
   return family;
 }
 
@@ -104,24 +102,36 @@ std::string WhyNothing(IPluginManager& manager, const TArguments& arguments) {
 
 }  // namespace
 
-std::vector<const TCIMClass*> Collect(const TArguments& arguments) {
-  IQueryManager* queries = TRootObject::GetQueryManager();
-  if (queries == nullptr) {
+TContainer& LoadCore(const TArguments& arguments) {
+  if (TRootObject::GetQueryManager() == nullptr) {
     throw THostFailure(kExitFailed, "the core did not start: " + LastError());
   }
   if (arguments.logLevel) TRootObject::GetCoreLogger()->SetLevel(*arguments.logLevel);
   IPluginManager& manager = *TRootObject::GetPluginManager();
   LoadPlugins(manager);
+  return *manager.GetContainer();
+}
 
-  TContainer& container = *manager.GetContainer();
+TCIMClass& ClassOrFailure(const TContainer& container, const std::string& name) {
+  // The core would log an error about a text that is no name at all.
+  TCIMClass* named = IsNameLike(name) ? container.FindClass(name) : nullptr;
+  if (named == nullptr) throw THostFailure(kExitCommandLine, "there is no class \"" + name + '"');
+  return *named;
+}
+
+std::vector<const TCIMClass*> Collect(const TArguments& arguments) {
+  TContainer& container = LoadCore(arguments);
   const std::vector<TCIMClass*> wanted = Wanted(container, arguments);
   const bool all = arguments.classNames.empty();
-  queries->QueryClasses(&container, all ? std::vector<std::string>() : NamesToCollect(wanted));
+  TRootObject::GetQueryManager()->QueryClasses(
+      &container, all ? std::vector<std::string>() : NamesToCollect(wanted));
 
   std::vector<const TCIMClass*> filled;
   for (const TCIMClass* cimClass : wanted) {
     if (!cimClass->EnumerateInstances(false).empty()) filled.push_back(cimClass);
   }
-  if (filled.empty()) throw THostFailure(kExitFailed, WhyNothing(manager, arguments));
+  if (filled.empty()) {
+    throw THostFailure(kExitFailed, WhyNothing(*TRootObject::GetPluginManager(), arguments));
+  }
   return InDisplayOrder(std::move(filled));
 }

@@ -8,8 +8,11 @@
 
 #include "Arguments.h"
 #include "Collection.h"
+#include "IdentityReport.h"
 #include "JsonReport.h"
+#include "PluginReport.h"
 #include "TextReport.h"
+#include "WalkReport.h"
 
 namespace {
 
@@ -23,12 +26,31 @@ EExit Print(const std::string& report) {
   return kExitFailed;
 }
 
+std::string CollectionReport(const TArguments& arguments) {
+  const std::vector<const TCIMClass*> classes = Collect(arguments);
+  return arguments.json ? JsonReport(classes) : TextReport(classes);
+}
+
+std::string Report(const TArguments& arguments) {
+  switch (arguments.command) {
+    case ECommand::kIdentity:
+      return IdentityReport(arguments);
+    case ECommand::kPlugins:
+      return PluginReport(arguments);
+    case ECommand::kAssociators:
+    case ECommand::kReferences:
+      return WalkReport(arguments);
+    case ECommand::kCollect:
+      break;
+  }
+  return CollectionReport(arguments);
+}
+
 EExit Run(int argc, const char* const* argv) {
   EExit exitStatus = kExitDone;
   const std::optional<TArguments> arguments = ParseArguments(argc, argv, exitStatus);
   if (!arguments) return exitStatus;
-  const std::vector<const TCIMClass*> classes = Collect(*arguments);
-  return Print(arguments->json ? JsonReport(classes) : TextReport(classes));
+  return Print(Report(*arguments));
 }
 
 }  // namespace

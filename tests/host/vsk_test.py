@@ -93,11 +93,81 @@ class Collect(unittest.TestCase):
                          (run.returncode, run.stdout, run.stderr))
 
 
+class Questions(unittest.TestCase):
+    """What the other commands answer."""
+
+    def answer(self, *arguments, **more):
+        run = vsk(*arguments, **more)
+        self.assertEqual((0, ""), (run.returncode, run.stderr), arguments)
+        return run.stdout.splitlines()
+
+    def test_identity(self):
+        lines = dict(re.split(r"  +", line, 1) for line in self.answer("identity"))
+        self.assertEqual(("büro-7", "21AB7CD", "21AB", "7CD", "R90XK4T", "9.4"), tuple(
+            lines[label] for label in (
+                "System name", "Machine type and model", "Machine type", "Model number",
+                "Serial number", "Operating system version")))
+        self.assertEqual(".".join(lines[f"Data source {part} version"]
+                                  for part in ("major", "minor", "build")),
+                         lines["Data source version"])
+
+    def test_identity_without_an_answer_says_why(self):
+        lines = dict(re.split(r"  +", line, 1) for line in self.answer("identity", tree="absent"))
+        self.assertEqual("(no answer: not known on this machine; vskStatusValueIsNULL)",
+                         lines["System name"])
+        self.assertIn("vskStatusNotFound", lines["Serial number"])
+        self.assertIn("vskStatusNotFound", lines["Model number"])
+
+    def test_plugins(self):
+        blocks = "\n".join(self.answer("plugins")).split("\n\n")
+        identity = next(block for block in blocks if block.startswith("identity "))
+        self.assertRegex(identity, r"identity \d+\.\d+\.\d+\n  Type +0 \(collects\)\n"
+                                   r"  Path +/.*/identity/identity\.pi\.so\n"
+                                   r"  Initialised +yes\n  Classes +ZNTSG_ComputerSystem\n"
+                                   r" +ZNTSG_SystemBIOSElement\n")
+
+    def test_walks(self):
+        system = 'ZNTSG_ComputerSystem.InstanceID="system:0"'
+        running = 'ZNTSG_OperatingSystem.InstanceID="os:running"'
+        join = f'ZNTSG_RunningOS.Antecedent="{running}",Dependent="{system}"'
+        for arguments, listed in [
+            (["associators", "zntsg_computersystem"], ["ZNTSG_OperatingSystem"]),
+            (["references", "ZNTSG_ComputerSystem"], ["ZNTSG_RunningOS"]),
+            (["associators", system], [running]),
+            (["associators", 'zntsg_COMPUTERSYSTEM.instanceid="system:0"'], [running]),
+            (["associators", system, "--role", "Dependent", "--result-role", "antecedent"],
+             [running]),
+            (["associators", system, "--role", "Antecedent"], []),
+            (["associators", running, "--result-class", "ZNTSG_BaseBoard"], []),
+            (["references", running, "--result-class", "ZNTSG_RunningOS"], [join]),
+            (["references", join], []),  # a path with paths inside
+        ]:
+            self.assertEqual(listed, self.answer(*arguments), arguments)
+
+    def test_walks_from_nowhere(self):
+        for arguments, status, reason in [
+            (["associators", "ZNTSG_Nothing"], 2, 'there is no class "ZNTSG_Nothing"'),
+            (["associators", 'ZNTSG_Nothing.Id="1"'], 2, 'there is no class "ZNTSG_Nothing"'),
+            (["references", "ZNTSG_BaseBoard", "--result-class", "None"], 2,
+             'there is no class "None"'),
+            (["associators", "ZNTSG_ComputerSystem.InstanceID=system:0"], 2,
+             "no path: InstanceID=system:0"),
+            (["associators", 'ZNTSG_ComputerSystem.InstanceID="'], 2, 'no path: InstanceID="'),
+            (["references", 'ZNTSG_ComputerSystem.InstanceID="system:1"'], 1,
+             'no instance fits "ZNTSG_ComputerSystem.InstanceID="system:1""'),
+            (["references", "ZNTSG_CPUVulnerability."], 1,
+             'more than one instance fits "ZNTSG_CPUVulnerability."'),
+        ]:
+            run = vsk(*arguments)
+            self.assertEqual((status, "", f"vsk: {reason}\n"),
+                             (run.returncode, run.stdout, run.stderr), arguments)
+
+
 class CommandLine(unittest.TestCase):
     def test_wrong(self):
         for arguments in [[], ["gather"], ["collect", "more"], ["collect", "--class"],
                           ["collect", "--log-level", "5"], ["collect", "--log-level", "x"],
-                          ["--json"], ["collect", "--yaml"]]:
+                          ["--json"], ["collect", "--yaml"], ["associators"], ["plugins", "--json"]]:
             run = vsk(*arguments)
             self.assertEqual((2, ""), (run.returncode, run.stdout), arguments)
             self.assertNotEqual("", run.stderr, arguments)
