@@ -8,11 +8,19 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${VSK_BIN_DIR})
 
 # vsk_add_collector(NAME SOURCES...): a plug-in with its specification document beside it. Its folder
 # also holds Register.cpp, the one source that only the plug-in itself may link: collector_NAME_parts
-# is everything else, for tests.
+# is everything else, for tests. A plug-in in C has Register.c instead, and nothing of what those in
+# C++ share.
 function(vsk_add_collector name)
+  set(register Register.cpp)
+  set(base collector_common)
+  if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/Register.c)
+    set(register Register.c)
+    set(base vskcore)
+  endif()
   add_library(collector_${name}_parts OBJECT ${ARGN})
-  target_link_libraries(collector_${name}_parts PUBLIC collector_common PRIVATE vsk_warnings)
-  add_library(collector_${name} MODULE Register.cpp)
+  target_link_libraries(collector_${name}_parts PUBLIC ${base} PRIVATE vsk_warnings)
+  target_include_directories(collector_${name}_parts PUBLIC ${PROJECT_SOURCE_DIR}/collectors)
+  add_library(collector_${name} MODULE ${register})
   target_link_libraries(collector_${name} PRIVATE collector_${name}_parts vsk_warnings)
   target_link_options(collector_${name} PRIVATE -Wl,--no-undefined)
   set_target_properties(collector_${name} PROPERTIES

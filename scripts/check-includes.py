@@ -34,6 +34,8 @@ STANDARD = set(
     system_error tuple type_traits typeinfo typeindex unordered_map unordered_set utility variant
     vector stdint.h stddef.h""".split()
 )
+# Sources in C may name the C library's own.
+C_LIBRARY = {"ctype.h", "errno.h", "inttypes.h", "limits.h", "stdio.h", "stdlib.h", "string.h"}
 # What else each part of the tree may name in angle brackets.
 FOREIGN = {
     "include": r"boost/shared_ptr\.hpp",
@@ -41,7 +43,7 @@ FOREIGN = {
     "src/platform": r".*",
     "host": r"CLI/CLI\.hpp|nlohmann/json\.hpp",
     "collectors": r"$^",
-    "examples": r"stdio\.h|string\.h",
+    "examples": r"$^",
 }
 PLATFORM_TEST = re.compile(
     r"#\s*(el)?if.*\b(__linux__|__unix__|__APPLE__|_WIN32|_MSC_VER|__FreeBSD__)\b"
@@ -101,7 +103,8 @@ def check_core(name, own, bracket, target, sources):
 
 def check_foreign(name, area, target):
     allowed = FOREIGN["src/platform" if name.startswith("src/platform/") else area]
-    if target not in STANDARD and not re.fullmatch(allowed, target):
+    standard = STANDARD | C_LIBRARY if name.endswith(".c") else STANDARD
+    if target not in standard and not re.fullmatch(allowed, target):
         fault(name, f"<{target}> is not for {area}/")
 
 

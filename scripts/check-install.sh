@@ -18,6 +18,7 @@ mv "$work/staged" "$work/moved"
 prefix=$work/moved
 for file in bin/vsk lib/vskcore/libvskcore.so lib/vskcore/data/core.properties.xml \
   lib/vskcore/os/os.pi.so lib/vskcore/os/os.properties.xml lib/vskcore/identity/identity.pi.so \
+  lib/vskcore/cpu/cpu.pi.so lib/vskcore/cpu/cpu.properties.xml \
   include/vskcore/vskcore.h include/vskcore/vskplugin.h lib/cmake/vskcore/vskcoreConfig.cmake \
   lib/pkgconfig/vskcore.pc share/man/man1/vsk.1 share/doc/vskcore/README.md; do
   [[ -s $prefix/$file ]] || fail "$file is not installed"

@@ -52,7 +52,7 @@ TEST(CollectorSchema, TellsAllThatAReaderNeeds) {
   const std::string core = VSK_TEST_CORE_DIR;
   TContainer container;
   container.PopulateContainerFromFile(core + "/data/core.properties.xml");
-  for (const std::string name : {"identity", "os"}) {
+  for (const std::string name : {"cpu", "identity", "os"}) {
     const std::vector<TCIMClass*> classes =
         container.PopulateContainerFromFile(core + "/" + name + "/" + name + ".properties.xml");
     EXPECT_LE(3u, classes.size());

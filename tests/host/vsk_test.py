@@ -54,6 +54,10 @@ class Collect(unittest.TestCase):
     def test_machine_without_firmware_tables(self):
         self.check_output("board.json", "--json", tree="board")
 
+    def test_two_packages_one_hybrid(self):
+        self.check_output("server.txt", "--class", "ZNTSG_Processor", "--class",
+                          "ZNTSG_CacheMemory", "--class", "ZNTSG_ProcessorCache", tree="server")
+
     def test_text_and_json_agree(self):
         text = vsk("collect").stdout
         for instances in json.loads(vsk("collect", "--json").stdout).values():
@@ -144,6 +148,13 @@ class Questions(unittest.TestCase):
         ]:
             self.assertEqual(listed, self.answer(*arguments), arguments)
 
+    def test_caches_of_a_processor(self):
+        for processor, caches in [("cpu:0", ["L1d:0", "L1i:0", "L2:0", "L3:0", "L1d:2", "L2:2", "L1d:3"]),
+                                  ("cpu:3", ["L1d:4", "L2:4"])]:
+            run = vsk("associators", f'ZNTSG_Processor.InstanceID="{processor}"', tree="server")
+            self.assertEqual([f'ZNTSG_CacheMemory.InstanceID="cache:{cache}"' for cache in caches],
+                             run.stdout.splitlines())
+
     def test_walks_from_nowhere(self):
         for arguments, status, reason in [
             (["associators", "ZNTSG_Nothing"], 2, 'there is no class "ZNTSG_Nothing"'),
@@ -189,17 +200,21 @@ class Log(unittest.TestCase):
     def lines(self):
         folder = VSK.parent / ".." / "lib" / "vskcore"
         prefix = "VSK_Core: [Debug] "
-        asked = [("identity", "ComputerSystem"), ("identity", "SystemBIOSElement"),
-                 ("identity", "BaseBoard"), ("identity", "HWQProduct"), ("os", "OperatingSystem"),
-                 ("os", "CPUVulnerability"), ("os", "RunningOS")]
+        asked = [("cpu", "Processor"), ("cpu", "CacheMemory"), ("identity", "ComputerSystem"),
+                 ("identity", "SystemBIOSElement"), ("identity", "BaseBoard"),
+                 ("identity", "HWQProduct"), ("os", "OperatingSystem"), ("os", "CPUVulnerability"),
+                 ("cpu", "ProcessorCache"), ("os", "RunningOS")]
         return "".join(
-            [f"{prefix}{folder}/{name}/{name}.pi.so\n" for name in ("identity", "os")] +
+            [f"{prefix}{folder}/{name}/{name}.pi.so\n" for name in ("cpu", "identity", "os")] +
             [f"{prefix}TContainer: class ZNTSG_ComputerSystem already defined\n"] +
             [f"{prefix}Asking plugin {name} for ZNTSG_{cls}\n" for name, cls in asked])
 
     def test_lines_are_the_core_s(self):
         run = vsk("collect", env={"HWQ_LOGLEVEL": "4"})
-        self.assertEqual((0, self.lines()), (run.returncode, run.stderr))
+        traces = re.findall(r"(?m)^VSK_cpu: \[Verbose\] .*\n", run.stderr)
+        self.assertIn("VSK_cpu: [Verbose] vskAddClass(ZNTSG_Processor)\n", traces)
+        self.assertEqual((0, self.lines()),
+                         (run.returncode, re.sub(r"(?m)^VSK_cpu: .*\n", "", run.stderr)))
 
     def test_level_by_option(self):
         self.assertEqual(self.lines(), vsk("collect", "--log-level", "3").stderr)
@@ -283,7 +298,7 @@ class Installation(unittest.TestCase):
             self.assertIn("VSK_Core: [Error] ", errors)
 
     def test_no_plugins(self):
-        for name in ("identity", "os"):
+        for name in ("cpu", "identity", "os"):
             shutil.rmtree(self.plugins / name)
         run = self.run_vsk()
         self.assertEqual((1, "", "vsk: nothing could be collected: there are no plug-ins\n"),
@@ -295,7 +310,7 @@ class Installation(unittest.TestCase):
         (self.plugins / "identity" / "identity.properties.xml").write_text("<CIM>")
         run = self.run_vsk("--json")
         self.assertEqual(0, run.returncode)
-        self.assertEqual(["ZNTSG_OperatingSystem", "ZNTSG_CPUVulnerability"],
+        self.assertEqual(["ZNTSG_Processor", "ZNTSG_OperatingSystem", "ZNTSG_CPUVulnerability"],
                          list(json.loads(run.stdout)))
         self.assertIn(f"DLL {self.root}/bin/../lib/vskcore/broken/broken.pi.so "
                       "failed to initialize properly\n", run.stderr)
