@@ -29,17 +29,24 @@ if grep -rIl -e "$source" -e "$work/staged" "$prefix"; then fail "these name the
 expect "$work/report" '^ZNTSG_ComputerSystem'
 expect "$work/report" '^ZNTSG_OperatingSystem'
 
-for example in host plugin-cpp; do
-  cmake -S "examples/$example" -B "$work/$example" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
-    -DCMAKE_CXX_FLAGS="-Wall -Wextra -Wpedantic -Werror" >/dev/null
-  cmake --build "$work/$example" >/dev/null
-done
+# example NAME LANGUAGE OPTIONS...
+example() {
+  cmake -S "examples/$1" -B "$work/$1" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
+    "-DCMAKE_$2_FLAGS=-Wall -Wextra -Wpedantic -Werror" "${@:3}" >/dev/null
+  cmake --build "$work/$1" >/dev/null
+}
+example host CXX
+example plugin-cpp CXX
+CXX=false example plugin-c C -DCMAKE_DISABLE_FIND_PACKAGE_Boost=ON --no-warn-unused-cli
 cmake --install "$work/plugin-cpp" >/dev/null
+cmake --install "$work/plugin-c" >/dev/null
 "$work/host/host" >"$work/example"
 expect "$work/example" '^ZNTSG_ComputerSystem.InstanceID="system:0"$'
 expect "$work/example" '^Sample_EntropyPool.InstanceID="entropy:0"$'
 "$prefix/bin/vsk" collect --class Sample_EntropyPool >"$work/report"
 expect "$work/report" '^  Available .* Bits$'
+"$prefix/bin/vsk" collect --class Sample_FileTable >"$work/report"
+expect "$work/report" '^  Open files  *[1-9]'
 
 # pcfiledir is where pkg-config found the file, so the flags follow the move.
 export PKG_CONFIG_PATH=$prefix/lib/pkgconfig

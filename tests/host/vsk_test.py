@@ -151,9 +151,10 @@ class Questions(unittest.TestCase):
     def test_caches_of_a_processor(self):
         for processor, caches in [("cpu:0", ["L1d:0", "L1i:0", "L2:0", "L3:0", "L1d:2", "L2:2", "L1d:3"]),
                                   ("cpu:3", ["L1d:4", "L2:4"])]:
-            run = vsk("associators", f'ZNTSG_Processor.InstanceID="{processor}"', tree="server")
+            listed = self.answer("associators", f'ZNTSG_Processor.InstanceID="{processor}"',
+                                 tree="server")
             self.assertEqual([f'ZNTSG_CacheMemory.InstanceID="cache:{cache}"' for cache in caches],
-                             run.stdout.splitlines())
+                             listed)
 
     def test_walks_from_nowhere(self):
         for arguments, status, reason in [
