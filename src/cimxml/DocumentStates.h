@@ -147,7 +147,8 @@ class TCIMXMLParser::TStateIMethodCall : public TParseState {
   std::string namespace_;
 };
 
-// <IPARAMVALUE NAME="NewClass">: one class or one instance, whichever the name says.
+// <IPARAMVALUE NAME="NewClass">: one class or one instance. Which of them comes is for the element
+// to say: neither this name nor the method's is held against it.
 class TCIMXMLParser::TStateIParamValue : public TStateObject {
  public:
   TStateIParamValue() : TStateObject(kObjectDone, kNotCollected) {}

@@ -7,9 +7,8 @@
 //
 //   start tag   the state of the parent, on top, pushes the state of the child (Enter), which reads
 //               the attributes. Or it refuses the child, and the parse is over.
-//   text        is gathered in one string of the parser. VALUE, KEYVALUE and HOST clear it when
-//   they
-//               begin and take it when they end; nobody else looks at it.
+//   text        is gathered in one string of the parser. VALUE, KEYVALUE and HOST clear it at their
+//               start and take it at their end; nobody else looks at it.
 //   end tag     the state on top does what is to be done now that its element is complete, then
 //               pops itself, which destroys it.
 //

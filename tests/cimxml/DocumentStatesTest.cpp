@@ -126,6 +126,7 @@ TEST_F(TCIMXMLParserQualifierDeclaration, ContradictionsAreRefused) {
       {"Incompatible attributes",
        Declared("TYPE='string' ISARRAY='true'", "<SCOPE/><VALUE.ARRAY/>")},
       {"Incompatible attributes", Declared("TYPE='string'", "<SCOPE/><VALUE.ARRAY/>")},
+      {"Incompatible attributes", Declared("TYPE='string' ISARRAY='true'", "<SCOPE/><VALUE/>")},
       {"Incompatible attributes",
        Declared("TYPE='string' ISARRAY='false'", "<SCOPE/><VALUE.ARRAY/>")},
       {"Incompatible attributes", Declared("TYPE='string' ARRAYSIZE='3'", "<SCOPE/><VALUE/>")},

@@ -1,5 +1,6 @@
 #include <vskcore/model/TCIMInstance.h>
 #include <vskcore/model/TCIMProperty.h>
+#include <vskcore/model/TCIMPropertyDecl.h>
 #include <vskcore/model/TCIMQualifier.h>
 
 #include "cimxml/TDocumentTest.h"
@@ -97,10 +98,34 @@ TEST_F(TCIMXMLParserClass, FlavorStartsFromTheDeclaration) {
 
 TEST_F(TCIMXMLParserClass, FixedQualifierTakesItsRepeatAndNothingElse) {
   const std::string fixed = "TYPE='string' OVERRIDABLE='false'";
-  Given(Object(Class(kAbstract + Note(fixed, Value("a")) + Note(fixed, Value("a")))));
+  Given(Object(Class(kAbstract + Note("TYPE='string'", Value("b")) + Note(fixed, Value("a")) +
+                     Note(fixed, Value("a")))));
   EXPECT_EQ("Sample_Thing [Abstract=true, Note=\"a\"] {}", Picture(*collected.front()));
   ExpectFailure(vskStatusNotOverridable, "",
                 Object(Class(Note(fixed, Value("a")) + Note(fixed, Value("b")), "NAME='B'")));
+}
+
+TEST_F(TCIMXMLParserClass, NullsHaveTheirTypeAndArraysTheirBound) {
+  const std::string elements = "<VALUE.ARRAY><VALUE>1</VALUE><VALUE>2</VALUE></VALUE.ARRAY>";
+  const auto codes = [](const std::string& name, const std::string& content) {
+    return "<PROPERTY.ARRAY NAME='" + name + "' TYPE='uint8' ARRAYSIZE='1'>" + content +
+           "</PROPERTY.ARRAY>";
+  };
+  const std::string key = Property("Id", "uint8", kKey + Value("1"));
+  Given(
+      Object(Class(Note("TYPE='uint8'", elements) + codes("A", "") + codes("B", elements) + key)));
+  TCIMClass& cimClass = *collected.front();
+  EXPECT_EQ(0U, cimClass.GetQualifier("Note").GetValue().GetMaxArraySize());
+  EXPECT_EQ(1U, cimClass.GetPropertyDecl("A").GetValue().GetMaxArraySize());
+  EXPECT_EQ(1U, cimClass.GetPropertyDecl("B").GetValue().GetMaxArraySize());
+  Given(Thing(codes("A", elements) + codes("B", "")));
+  const TCIMInstance& instance = *cimClass.EnumerateInstances(false).front();
+  EXPECT_EQ("Sample_Thing{A={1, 2}, B=NULL, Id~1}", Picture(instance));
+  EXPECT_EQ(1U, instance.GetProperty("A").GetValue().GetMaxArraySize());
+  EXPECT_EQ(1U, instance.GetProperty("B").GetValue().GetMaxArraySize());
+  // Without a value a qualifier has the declared type, whatever its own says.
+  Given(Object(Class(kAbstract + Note("TYPE='uint8'", ""), "NAME='Sample_Other'")));
+  EXPECT_EQ(TCIMValue::TCIMType::cimString, collected.front()->GetQualifier("Note").GetType());
 }
 
 TEST_F(TCIMXMLParserClass, SecondOfANameIsDroppedAndReadingGoesOn) {
@@ -274,7 +299,7 @@ TEST_F(TCIMXMLParserInstance, BadOnesAreRefused) {
   ExpectFailure(vskStatusNotFound, "TCIMXMLParser: Couldn't find property x",
                 Thing(Property("x", "uint8", "")));
   ExpectFailure(vskStatusNotFound, "", Thing("<PROPERTY.ARRAY NAME='x' TYPE='uint8'/>"));
-  ExpectFailure(vskStatusNotFound, "", Thing("<PROPERTY.REFERENCE NAME='x'/>"));
+  ExpectFailure(vskStatusNotFound, "", Thing("<PROPERTY.REFERENCE NAME='x'><FOO/>"));
   ExpectFailure(vskStatusTypeMismatch, "", Thing(Property("Id", "char", "")));
   ExpectFailure(vskStatusTypeMismatch, "SetValue: decl is type uint8 but value is type string",
                 Thing("<PROPERTY.ARRAY NAME='Codes' TYPE='string'/>"));

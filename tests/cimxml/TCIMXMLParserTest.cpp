@@ -108,6 +108,36 @@ TEST_F(TCIMXMLParserEngine, CopySharesTheOpenElements) {
   EXPECT_EQ("", log.Take());
 }
 
+// Here in the middle of a value, where a CDATA section has ended the reading without a word.
+TEST_F(TCIMXMLParserEngine, AssignedOneGoesOnInTheOthersContainerAndMode) {
+  std::string document =
+      Group(kQualifiers + std::string("<VALUE.OBJECT><CLASS NAME='Sample_Thing'>") +
+            Property("Id", "string", kKey) + Property("Size", "uint8", "") +
+            "</CLASS></VALUE.OBJECT><VALUE.OBJECT>"
+            "<INSTANCE CLASSNAME='Sample_Thing'>" +
+            Property("Id", "string", "<VALUE>ab<![CDATA[]]></VALUE>"));
+  TContainer other;
+  TCIMXMLParser assigned(&other);
+  {
+    TCIMXMLParser parser(&container);
+    parser.SetQK482Mode();
+    parser.Parse(document.data());
+    assigned = parser;
+  }
+  TXmlParser::TAttributes size = {{"name", "Size"}, {"type", "string"}};
+  assigned.characters("c", 1);
+  for (const char* name : {"VALUE", "PROPERTY"}) assigned.EndElement(name);
+  assigned.StartElement("PROPERTY", size);
+  for (const char* name : {"PROPERTY", "INSTANCE", "VALUE.OBJECT"}) assigned.EndElement(name);
+  TXmlParser::TAttributes thing = {{"classname", "Sample_Thing"}};  // which other does not have
+  assigned.StartElement("VALUE.OBJECT", thing);
+  assigned.StartElement("INSTANCE", thing);
+  const std::vector<TCIMClass*> classes = assigned.GetClassesCollected();
+  ASSERT_EQ(1U, classes.size());
+  EXPECT_EQ("Sample_Thing{Id=\"abc\", Size=NULL}",
+            Picture(*classes.front()->EnumerateInstances(false).front()));
+}
+
 // Each cut falls into another state; what had been built until then is released.
 TEST_F(TCIMXMLParserEngine, EveryPrefixOfADocumentFailsCleanly) {
   const std::string classes =

@@ -62,9 +62,10 @@ class VSK_EXPORT TContainer {
   std::vector<TCIMQualifierDecl*> EnumerateQualifiers() const;
 
   // Reads a CIM-XML document (a subset of DSP0201) into this container and gives the classes that
-  // it added, in document order. ".gz" anywhere in the path says that the file is gzip (RFC 1952).
-  // A class or qualifier that stands here already stays as it is. At the first failure reading
-  // ends; what was added until then stays, and the log has the line and the file. Throws:
+  // its declarations added, in document order; those of a message are not among them. ".gz"
+  // anywhere in the path says that the file is gzip (RFC 1952). A class or qualifier that stands
+  // here already stays as it is. At the first failure reading ends; what was added until then
+  // stays, and the log has the line and the file. Throws:
   // - vskStatusFileNotFound: no such file;
   // - vskStatusFileSystemError: it can't be opened or read;
   // - vskStatusInvalidSpecificationDocument: more than 100 MiB uncompressed, or bad XML or grammar;
