@@ -109,13 +109,21 @@ double TimeOf(const TContender& contender) {
   return taken;
 }
 
-void PrintRow(const std::string& name, std::vector<double>& seconds, std::size_t size,
-              double first) {
-  std::sort(seconds.begin(), seconds.end());
-  const double median = seconds[seconds.size() / 2];
-  std::printf("  %-34s %9.2f ms %9.2f ms %8.0f MB/s %7.2f\n", name.c_str(), median * 1e3,
-              seconds.front() * 1e3, static_cast<double>(size) / median / 1e6, median / first);
+// The times of each contender, ascending.
+using TTimes = std::vector<std::vector<double>>;
+
+TTimes TakeTurns(const std::vector<TContender>& contenders) {
+  TTimes seconds(contenders.size());
+  for (int run = 0; run < kRuns; ++run) {
+    for (std::size_t index = 0; index < contenders.size(); ++index) {
+      seconds[index].push_back(TimeOf(contenders[index]));
+    }
+  }
+  for (std::vector<double>& times : seconds) std::sort(times.begin(), times.end());
+  return seconds;
 }
+
+double MedianOf(const std::vector<double>& times) { return times[times.size() / 2]; }
 
 }  // namespace
 
@@ -147,19 +155,29 @@ std::string ReadFile(const std::string& path) {
 
 void Compare(const std::string& title, std::size_t size,
              const std::vector<TContender>& contenders) {
-  std::vector<std::vector<double>> seconds(contenders.size());
-  for (int run = 0; run < kRuns; ++run) {
-    for (std::size_t index = 0; index < contenders.size(); ++index) {
-      seconds[index].push_back(TimeOf(contenders[index]));
-    }
-  }
+  const TTimes seconds = TakeTurns(contenders);
   std::printf("\n%s, %zu bytes, %d runs each, in turns, processor time\n", title.c_str(), size,
               kRuns);
   std::printf("  %-34s %12s %12s %13s %7s\n", "", "median", "best", "throughput", "times");
-  std::vector<double> first = seconds.front();
-  std::nth_element(first.begin(), first.begin() + kRuns / 2, first.end());
   for (std::size_t index = 0; index < contenders.size(); ++index) {
-    PrintRow(contenders[index].name, seconds[index], size, first[kRuns / 2]);
+    const double median = MedianOf(seconds[index]);
+    std::printf("  %-34s %9.2f ms %9.2f ms %8.0f MB/s %7.2f\n", contenders[index].name.c_str(),
+                median * 1e3, seconds[index].front() * 1e3,
+                static_cast<double>(size) / median / 1e6, median / MedianOf(seconds[0]));
+  }
+  std::fflush(stdout);
+}
+
+void CompareCalls(const std::string& title, int calls, const std::vector<TContender>& contenders) {
+  const TTimes seconds = TakeTurns(contenders);
+  std::printf("\n%s, %d calls, %d runs each, in turns, processor time\n", title.c_str(), calls,
+              kRuns);
+  std::printf("  %-34s %12s %12s %7s\n", "", "median", "best", "times");
+  for (std::size_t index = 0; index < contenders.size(); ++index) {
+    const double median = MedianOf(seconds[index]);
+    std::printf("  %-34s %9.1f ns %9.1f ns %7.2f\n", contenders[index].name.c_str(),
+                median * 1e9 / calls, seconds[index].front() * 1e9 / calls,
+                median / MedianOf(seconds[0]));
   }
   std::fflush(stdout);
 }

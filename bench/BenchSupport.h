@@ -42,6 +42,9 @@ struct TContender {
 // and how many times the first contender's median it takes.
 void Compare(const std::string& title, std::size_t size, const std::vector<TContender>& contenders);
 
+// The same for contenders that make that many calls in each run: a row tells the time of one call.
+void CompareCalls(const std::string& title, int calls, const std::vector<TContender>& contenders);
+
 // Runs a bench; what it throws is written to standard error. Gives the exit status.
 int RunBench(const std::function<void()>& bench);
 

@@ -24,7 +24,7 @@ if ((${#missing[@]} > 0)); then
 fi
 
 cmake --preset release -B build/bench -DVSK_BENCH=ON -DVSK_TESTS=OFF "$@"
-cmake --build build/bench --target bench_reader bench_load bench_memory
+cmake --build build/bench --target bench_reader bench_load bench_memory bench_property
 
 documents=()
 if [[ -n ${VSK_DATA:-} ]]; then
@@ -40,3 +40,4 @@ fi
 for bench in reader load memory; do
   "build/bench/bin/bench_$bench" "${documents[@]}"
 done
+build/bench/bin/bench_property
