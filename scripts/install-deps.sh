@@ -6,7 +6,7 @@ set -euo pipefail
 declare -A sets=(
   [build]="cmake ninja-build g++ libboost-dev zlib1g-dev libcli11-dev nlohmann-json3-dev"
   [test]="libgtest-dev python3"
-  [ci]="clang clang-format pkg-config libbenchmark-dev libexpat1-dev libxml2-dev libpugixml-dev"
+  [ci]="git clang clang-format pkg-config libbenchmark-dev libexpat1-dev libxml2-dev libpugixml-dev"
 )
 
 wanted=()
