@@ -12,15 +12,15 @@
 
 #include "core/base/Fail.h"
 #include "model/NormalizeCIMName.h"
+#include "model/SchemaRevision.h"
 #include "model/TCIMInstanceImpl.h"
 #include "model/TCIMPropertyDeclImpl.h"
 #include "model/TContainerImpl.h"
-#include "model/TPathMatcher.h"
 
+using vsk::detail::CountSchemaChange;
 using vsk::detail::Fail;
 using vsk::detail::IsTrue;
 using vsk::detail::Require;
-using vsk::detail::TPathMatcher;
 using vsk::detail::TPropertyLayout;
 
 TCIMClassImpl::TCIMClassImpl(TCIMClass& owner, TContainer& container, std::string name,
@@ -120,6 +120,7 @@ void TCIMClassImpl::AddPropertyDecl(TCIMPropertyDecl& declaration) {
     Fail(vskStatusAlreadyExists,
          "Attempt to add property " + name + " to class " + name_ + ": already exists");
   }
+  CountSchemaChange();
   OwnProperties().Adopt(std::move(key), declaration);
   layout_.reset();
 }
@@ -142,6 +143,7 @@ void TCIMClassImpl::CheckOverride(const TCIMPropertyDecl& declaration,
 void TCIMClassImpl::RemovePropertyDecl(const TCIMPropertyDecl& declaration) {
   const std::string key = NormalizeCIMName(declaration.GetName());
   Require(properties_->FindKey(key));
+  CountSchemaChange();
   OwnProperties().RemoveKey(key);
   layout_.reset();
 }
@@ -166,10 +168,7 @@ boost::shared_ptr<const TPropertyLayout> TCIMClassImpl::Layout() {
   return layout_;
 }
 
-void TCIMClassImpl::AddInstance(TCIMInstance& instance) {
-  instances_.Add(instance, instance.impl_->IsListed());
-  instance.impl_->MarkListed();
-}
+void TCIMClassImpl::AddInstance(TCIMInstance& instance) { instances_.Add(instance); }
 
 void TCIMClassImpl::RemoveInstance(TCIMInstance& instance) {
   // The list that may hold it is that of its own class, whichever class was asked.
@@ -177,10 +176,11 @@ void TCIMClassImpl::RemoveInstance(TCIMInstance& instance) {
 }
 
 TCIMInstance* TCIMClassImpl::FindInstance(const TCIMReference& reference) const {
-  if (instances_.IsEmpty()) return nullptr;  // a bad KEY only shows where a path is built
-  TPathMatcher matcher(*properties_, reference);
-  return instances_.FindIf(
-      [&](const TCIMInstance& instance) { return matcher.Fits(*instance.impl_); });
+  return instances_.Find(*properties_, reference);
+}
+
+void TCIMClassImpl::KeyChanges(const TCIMInstanceImpl& instance) noexcept {
+  instances_.KeyChanges(instance.GetPosition());
 }
 
 std::vector<TCIMInstance*> TCIMClassImpl::EnumerateInstances(bool deep) const {

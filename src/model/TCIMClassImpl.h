@@ -15,6 +15,7 @@
 
 class TCIMClass;
 class TCIMInstance;
+class TCIMInstanceImpl;
 class TCIMPropertyDecl;
 class TCIMReference;
 class TContainer;
@@ -53,6 +54,8 @@ class TCIMClassImpl final : public TCIMElementImpl {
   void AddInstance(TCIMInstance& instance);
   void RemoveInstance(TCIMInstance& instance);
   TCIMInstance* FindInstance(const TCIMReference& reference) const;
+  // A key of the instance is about to change.
+  void KeyChanges(const TCIMInstanceImpl& instance) noexcept;
   std::vector<TCIMInstance*> EnumerateInstances(bool deep) const;
 
   std::vector<TCIMClass*> References(const std::string& resultClass, const std::string& role) const;
@@ -91,7 +94,7 @@ class TCIMClassImpl final : public TCIMElementImpl {
   boost::shared_ptr<const vsk::detail::TPropertyLayout> layout_;  // null until asked for
   std::vector<TCIMClass*> subClasses_;  // in the order in which they joined
   vsk::detail::TAssociationSet associations_;
-  vsk::detail::TInstanceList instances_;
+  mutable vsk::detail::TInstanceList instances_;  // a look-up brings its index up
   bool inContainer_ = false;
 };
 

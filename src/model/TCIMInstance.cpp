@@ -4,6 +4,9 @@
 
 #include "core/base/Fail.h"
 #include "model/TCIMInstanceImpl.h"
+#include "model/TPeek.h"
+
+TCIMInstanceImpl& vsk::detail::TPeek::Impl(const TCIMInstance& instance) { return *instance.impl_; }
 
 TCIMInstance::TCIMInstance(TCIMClass* cimClass)
     : impl_(boost::make_shared<TCIMInstanceImpl>(*this, cimClass)) {}

@@ -91,6 +91,8 @@ TCIMReference TCIMInstanceImpl::BuildPath() const {
   return path;
 }
 
+void TCIMInstanceImpl::KeyChanges() noexcept { class_.impl_->KeyChanges(*this); }
+
 bool TCIMInstanceImpl::operator==(const TCIMInstanceImpl& other) const {
   if (&class_ != &other.class_ || properties_.size() != other.properties_.size()) return false;
   for (std::size_t i = 0; i < properties_.size(); ++i) {

@@ -6,6 +6,7 @@
 #include <vskcore/model/TCIMReference.h>
 
 #include <boost/shared_ptr.hpp>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@
 class TCIMClass;
 class TCIMInstance;
 
-// TCIMClassImpl reaches in to look properties up by key and for the mark of a listed instance;
+// The index of the class's instances reaches in to look keys up and for the position;
 // TCIMReferenceImpl watches, by a weak pointer, whether the object still lives.
 class TCIMInstanceImpl final : public TCIMElementImpl {
  public:
@@ -45,14 +46,19 @@ class TCIMInstanceImpl final : public TCIMElementImpl {
                                          const std::string& resultClass, const std::string& role,
                                          const std::string& resultRole) const;
 
-  // Whether this stands in its class's list.
-  bool IsListed() const { return listed_; }
-  void MarkListed() { listed_ = true; }
+  // Where this stands in its class's list; the first place, where there are several.
+  bool IsListed() const { return position_ != kNowhere; }
+  std::size_t GetPosition() const { return position_; }
+  void SetPosition(std::size_t position) { position_ = position; }
+  // A key is about to change, as asked for by TCIMPropertyImpl::TellOfNextChange.
+  void KeyChanges() noexcept;
 
   bool operator==(const TCIMInstanceImpl& other) const;
   bool operator<(const TCIMInstanceImpl& other) const;
 
  private:
+  static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+
   // Whether a reference of that association, under that role where one is given, ends here.
   bool PointsHere(const TCIMInstance& association, const std::string& role) const;
   // The instances at all ends of the association but this one's own.
@@ -65,7 +71,7 @@ class TCIMInstanceImpl final : public TCIMElementImpl {
   // properties; these stand in its order and never move.
   boost::shared_ptr<const vsk::detail::TPropertyLayout> layout_;
   mutable std::vector<TCIMProperty> properties_;  // handed out for change from const operations
-  bool listed_ = false;
+  std::size_t position_ = kNowhere;
 };
 
 #endif

@@ -8,6 +8,7 @@
 
 using vsk::detail::TPeek;
 
+TCIMPropertyImpl& TPeek::Impl(TCIMProperty& property) { return *property.impl_; }
 const TCIMValue& TPeek::Value(const TCIMProperty& property) { return property.impl_->GetValue(); }
 
 TCIMProperty::TCIMProperty(const TCIMPropertyDecl& declaration)
@@ -16,9 +17,14 @@ TCIMProperty::TCIMProperty(const TCIMPropertyDecl& declaration, const TCIMValue&
     : impl_(new TCIMPropertyImpl(declaration, value)) {}
 TCIMProperty::TCIMProperty(const TCIMProperty& other) : impl_(new TCIMPropertyImpl(*other.impl_)) {}
 TCIMProperty::TCIMProperty(TCIMProperty&& other) noexcept
-    : impl_(std::exchange(other.impl_, nullptr)) {}
+    : impl_(std::exchange(other.impl_, nullptr)) {
+  if (impl_ != nullptr) impl_->TellOfChange();
+}
 TCIMProperty& TCIMProperty::operator=(const TCIMProperty& other) {
-  if (this != &other) delete std::exchange(impl_, new TCIMPropertyImpl(*other.impl_));
+  if (this == &other) return *this;
+  TCIMPropertyImpl* const made = new TCIMPropertyImpl(*other.impl_);
+  if (impl_ != nullptr) impl_->TellOfChange();
+  delete std::exchange(impl_, made);
   return *this;
 }
 TCIMProperty::~TCIMProperty() { delete impl_; }

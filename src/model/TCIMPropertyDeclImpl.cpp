@@ -4,6 +4,7 @@
 #include <vskcore/model/TCIMPropertyDecl.h>
 
 #include "model/NormalizeCIMName.h"
+#include "model/SchemaRevision.h"
 
 TCIMPropertyDeclImpl::TCIMPropertyDeclImpl(TCIMPropertyDecl& owner, const std::string& name,
                                            TCIMClass& owningClass, const TCIMValue& value)
@@ -12,6 +13,16 @@ TCIMPropertyDeclImpl::TCIMPropertyDeclImpl(TCIMPropertyDecl& owner, const std::s
 void TCIMPropertyDeclImpl::AddToContainer() const {
   Validate();
   class_.AddPropertyDecl(owner_);
+}
+
+void TCIMPropertyDeclImpl::SetName(const std::string& name) {
+  vsk::detail::CountSchemaChange();
+  name_ = name;
+}
+
+void TCIMPropertyDeclImpl::SetValue(const TCIMValue& value) {
+  vsk::detail::CountSchemaChange();
+  value_ = value;
 }
 
 bool TCIMPropertyDeclImpl::operator==(const TCIMPropertyDeclImpl& other) const {

@@ -23,9 +23,9 @@ class TCIMPropertyDeclImpl {
   void AddToContainer() const;
 
   const std::string& GetName() const { return name_; }
-  void SetName(const std::string& name) { name_ = name; }
+  void SetName(const std::string& name);
   const TCIMValue& GetValue() const { return value_; }
-  void SetValue(const TCIMValue& value) { value_ = value; }
+  void SetValue(const TCIMValue& value);
   TCIMClass& GetClass() const { return class_; }
 
   vsk::detail::TQualifierTable& Qualifiers() { return qualifiers_; }

@@ -2,10 +2,12 @@
 
 #include <vskcore/model/TCIMClass.h>
 
+#include <new>
 #include <string>
 #include <utility>
 
 #include "core/base/Fail.h"
+#include "model/TCIMInstanceImpl.h"
 
 using vsk::detail::Fail;
 
@@ -40,25 +42,32 @@ TCIMPropertyImpl::TCIMPropertyImpl(const TCIMPropertyDecl& declaration, const TC
 
 TCIMPropertyImpl::TCIMPropertyImpl(const TCIMPropertyImpl& other)
     : declaration_(other.declaration_) {
-  if (other.HasOwnValue()) SetValue(*other.value_);
+  if (other.HasOwnValue()) SetValue(other.value_);
 }
 
 void TCIMPropertyImpl::SetValue(const TCIMValue& value) {
   CheckType(*declaration_, value);
   if (value.IsReference()) CheckReferencedClass(*declaration_, value);
   TCIMValue copy(value);  // first, for value may be this property's own or lie within it
-  value_.emplace(std::move(copy));
+  TellOfChange();
+  value_.~TCIMValue();  // assigning would compare, and that may fail
+  new (&value_) TCIMValue(std::move(copy));
+}
+
+void TCIMPropertyImpl::TellOfChange() noexcept {
+  TCIMInstanceImpl* const instance = std::exchange(keyOf_, nullptr);
+  if (instance != nullptr) instance->KeyChanges();
 }
 
 bool TCIMPropertyImpl::operator==(const TCIMPropertyImpl& other) const {
   if (!(*declaration_ == *other.declaration_)) return false;
-  if (!value_ || !other.value_) return !value_ && !other.value_;
-  return *value_ == *other.value_;
+  if (!HasOwnValue() || !other.HasOwnValue()) return HasOwnValue() == other.HasOwnValue();
+  return value_ == other.value_;
 }
 
 bool TCIMPropertyImpl::operator<(const TCIMPropertyImpl& other) const {
   if (*declaration_ < *other.declaration_) return true;
   if (*other.declaration_ < *declaration_) return false;
-  if (!value_ || !other.value_) return !value_ && other.value_;
-  return *value_ < *other.value_;
+  if (!HasOwnValue() || !other.HasOwnValue()) return !HasOwnValue() && other.HasOwnValue();
+  return value_ < other.value_;
 }

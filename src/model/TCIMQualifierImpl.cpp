@@ -1,10 +1,13 @@
 #include "model/TCIMQualifierImpl.h"
 
+#include "model/SchemaRevision.h"
+
 TCIMQualifierImpl::TCIMQualifierImpl(const TCIMQualifierDecl& declaration, const TCIMValue& value,
                                      TCIMQualifierDecl::EFlavor flavor)
     : declaration_(&declaration), value_(value), flavor_(flavor), propagated_(false) {}
 
 void TCIMQualifierImpl::SetValue(const TCIMValue& value) {
+  vsk::detail::CountSchemaChange();
   value_.Set(value);
   propagated_ = false;
 }

@@ -200,6 +200,10 @@ TCIMStringValueImpl::TCIMStringValueImpl(const std::string& text) : text_(text) 
 TCIMStringValueImpl::TCIMStringValueImpl(const char* text) : text_(text) {}
 TCIMStringValueImpl::TCIMStringValueImpl(const TCIMStringValueImpl&) = default;
 
+const std::string& vsk::detail::TPeek::Text(const TCIMValue& value) {
+  return ContentOf<TCIMStringValueImpl>(value).text_;
+}
+
 TCIMStringValueImpl::operator std::string() const { return text_; }
 
 std::string TCIMStringValueImpl::ToString(unsigned char) const { return text_; }

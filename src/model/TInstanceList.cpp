@@ -1,9 +1,16 @@
 #include "model/TInstanceList.h"
 
+#include <vskcore/model/TCIMClass.h>
 #include <vskcore/model/TCIMInstance.h>
 
 #include <algorithm>
 #include <iterator>
+
+#include "model/SchemaRevision.h"
+#include "model/TCIMInstanceImpl.h"
+#include "model/TPathHash.h"
+#include "model/TPathMatcher.h"
+#include "model/TPeek.h"
 
 namespace vsk::detail {
 
@@ -15,26 +22,100 @@ TInstanceList::~TInstanceList() {
   for (TCIMInstance* instance : entries_) delete instance;
 }
 
-void TInstanceList::Add(TCIMInstance& instance, bool listed) {
+void TInstanceList::Add(TCIMInstance& instance) {
+  TCIMInstanceImpl& impl = TPeek::Impl(instance);
   entries_.push_back(&instance);
-  hasRepeats_ = hasRepeats_ || listed;
+  hasRepeats_ = hasRepeats_ || impl.IsListed();
+  if (!impl.IsListed()) impl.SetPosition(entries_.size() - 1);
 }
 
 void TInstanceList::Remove(TCIMInstance& instance) {
-  IndexPositions();
-  const auto [begin, end] = positions_.equal_range(&instance);
-  for (auto place = begin; place != end; ++place) {
-    entries_[place->second] = nullptr;
-    ++gaps_;
+  const TCIMInstanceImpl& impl = TPeek::Impl(instance);
+  if (hasRepeats_) {
+    IndexPositions();
+    const auto [begin, end] = positions_.equal_range(&instance);
+    for (auto place = begin; place != end; ++place) LeaveGap(place->second);
+    positions_.erase(begin, end);
+  } else if (impl.IsListed()) {
+    LeaveGap(impl.GetPosition());
   }
-  positions_.erase(begin, end);
   if (gaps_ * 2 > entries_.size()) CloseGaps();
   delete &instance;
+}
+
+void TInstanceList::KeyChanges(std::size_t position) noexcept {
+  if (position >= index_.Size()) return;
+  index_.PutUnread(static_cast<TInstanceIndex::TPosition>(position));
+}
+
+TCIMInstance* TInstanceList::Find(const TNameTable<TCIMPropertyDecl>& table,
+                                  const TCIMReference& reference) {
+  if (IsEmpty()) return nullptr;  // a bad KEY only shows where a path is built
+  if (revision_ != SchemaRevision()) ReadKeys(table);
+  TPathMatcher matcher(keys_, reference);
+  if (!BringIndexUp()) return Walk(matcher);
+  for (TInstanceIndex::TPosition position = index_.First(TPathHash(reference).Get());
+       position != TInstanceIndex::kNone; position = index_.Next(position)) {
+    if (matcher.Fits(TPeek::Impl(*entries_[position]))) return entries_[position];
+  }
+  return nullptr;
 }
 
 void TInstanceList::AppendTo(std::vector<TCIMInstance*>& all) const {
   std::copy_if(entries_.begin(), entries_.end(), std::back_inserter(all),
                [](const TCIMInstance* instance) { return instance != nullptr; });
+}
+
+void TInstanceList::ReadKeys(const TNameTable<TCIMPropertyDecl>& table) {
+  revision_ = 0;
+  index_.Clear();
+  keys_ = TClassKeys(table);
+  revision_ = SchemaRevision();
+}
+
+bool TInstanceList::BringIndexUp() {
+  if (keys_.AreRenamed() || entries_.size() >= TInstanceIndex::kNone) return false;
+  while (index_.Size() < entries_.size()) {
+    const auto position = static_cast<TInstanceIndex::TPosition>(index_.Size());
+    index_.Grow();
+    const TCIMInstance* instance = entries_[position];
+    // Of an instance that is listed more often the first position counts.
+    if (instance != nullptr && TPeek::Impl(*instance).GetPosition() == position) {
+      index_.PutUnread(position);
+    }
+  }
+  for (auto position = index_.FirstUnread(); position != TInstanceIndex::kNone;
+       position = index_.FirstUnread()) {
+    Read(position);
+  }
+  return !index_.HasUnsure();
+}
+
+void TInstanceList::Read(TInstanceIndex::TPosition position) {
+  TCIMInstanceImpl& instance = TPeek::Impl(*entries_[position]);
+  keys_.Watch(instance);
+  std::vector<const TCIMValue*> values;
+  if (!keys_.Collect(instance, values)) return index_.PutUnsure(position);
+  TPathHash hash(&instance.GetClass(), values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    hash.AddBinding(keys_.Items()[i].GetName(), *values[i]);
+  }
+  index_.Put(position, hash.Get());
+}
+
+TCIMInstance* TInstanceList::Walk(TPathMatcher& matcher) const {
+  for (TCIMInstance* instance : entries_) {
+    if (instance != nullptr && matcher.Fits(TPeek::Impl(*instance))) return instance;
+  }
+  return nullptr;
+}
+
+void TInstanceList::LeaveGap(std::size_t position) noexcept {
+  if (position < index_.Size()) {
+    index_.TakeOut(static_cast<TInstanceIndex::TPosition>(position));
+  }
+  entries_[position] = nullptr;
+  ++gaps_;
 }
 
 void TInstanceList::IndexPositions() {
@@ -48,6 +129,10 @@ void TInstanceList::CloseGaps() {
   gaps_ = 0;
   positions_.clear();
   indexed_ = 0;
+  index_.Clear();
+  for (std::size_t position = entries_.size(); position-- > 0;) {
+    TPeek::Impl(*entries_[position]).SetPosition(position);  // the first is noted last
+  }
 }
 
 }  // namespace vsk::detail

@@ -3,16 +3,33 @@
 #define VSKCORE_SRC_MODEL_TINSTANCELIST_H
 
 #include <cstddef>
+#include <cstdint>
 #include <unordered_map>
 #include <vector>
 
+#include "model/TClassKeys.h"
+#include "model/TInstanceIndex.h"
+#include "model/TNameTable.h"
+
 class TCIMInstance;
+class TCIMPropertyDecl;
+class TCIMReference;
 
 namespace vsk::detail {
+
+class TPathMatcher;
 
 // In the order in which they were added. Owns them: an object that was added more than once is
 // listed as often and destroyed once. A removed one leaves a gap behind until gaps prevail, so
 // that removing many costs no more than it took to add them.
+//
+// An instance is found by an index of the paths, which is made and kept up by the look-ups, so a
+// class that is never asked pays nothing. What has happened in between reaches it like this: a new
+// instance stands behind the ones that it covers; a removed one is taken out; a key that changes
+// tells its instance, and that this list (KeyChanges); a change to a declaration counts the
+// schema's revision on, and all begins anew. The index only proposes: every candidate is held
+// against the reference, in the order of the list, and one whose comparison fails is among them.
+// While a listed instance is of the kind whose path may fail to build, all are walked.
 class TInstanceList {
  public:
   TInstanceList() = default;
@@ -20,32 +37,40 @@ class TInstanceList {
   TInstanceList& operator=(const TInstanceList&) = delete;
   ~TInstanceList();
 
-  // Appends a heap object and owns it on return; listed says that it stands here already.
-  void Add(TCIMInstance& instance, bool listed);
+  // Appends a heap object and owns it on return.
+  void Add(TCIMInstance& instance);
   // Takes every entry of the object out and destroys the object, listed or not.
   void Remove(TCIMInstance& instance);
+  // The instance at that position, its first, is about to get another path.
+  void KeyChanges(std::size_t position) noexcept;
 
-  // The first that fits; null when none does.
-  template <typename TPredicate>
-  TCIMInstance* FindIf(TPredicate fits) const {
-    for (TCIMInstance* instance : entries_) {
-      if (instance != nullptr && fits(*instance)) return instance;
-    }
-    return nullptr;
-  }
+  // The first whose path equals the reference, null when there is none. Fails as building the paths
+  // one by one and comparing them would; the table is that of the class.
+  TCIMInstance* Find(const TNameTable<TCIMPropertyDecl>& table, const TCIMReference& reference);
   void AppendTo(std::vector<TCIMInstance*>& all) const;
   bool IsEmpty() const { return entries_.size() == gaps_; }
 
  private:
+  void ReadKeys(const TNameTable<TCIMPropertyDecl>& table);
+  // Whether the index covers everything.
+  bool BringIndexUp();
+  void Read(TInstanceIndex::TPosition position);
+  TCIMInstance* Walk(TPathMatcher& matcher) const;
+  void LeaveGap(std::size_t position) noexcept;
   void IndexPositions();
   void CloseGaps();
 
   std::vector<TCIMInstance*> entries_;  // null for a gap
   std::size_t gaps_ = 0;
   bool hasRepeats_ = false;
-  // Where the first indexed_ entries stand. Only a removal makes it: most lists lose nothing.
+  // Where the first indexed_ entries stand. Only a removal from a list with repeats makes it;
+  // elsewhere an instance's own note of its position tells.
   std::unordered_multimap<const TCIMInstance*, std::size_t> positions_;
   std::size_t indexed_ = 0;
+
+  std::uint64_t revision_ = 0;  // of the schema, as keys_ and index_ know it; 0: neither holds
+  TClassKeys keys_;
+  TInstanceIndex index_;
 };
 
 }  // namespace vsk::detail

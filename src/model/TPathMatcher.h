@@ -2,15 +2,13 @@
 #ifndef VSKCORE_SRC_MODEL_TPATHMATCHER_H
 #define VSKCORE_SRC_MODEL_TPATHMATCHER_H
 
-#include <vskcore/model/TCIMPropertyDecl.h>
 #include <vskcore/model/TCIMReference.h>
 #include <vskcore/model/TCIMValue.h>
 
-#include <string>
 #include <vector>
 
 #include "model/TCIMInstanceImpl.h"
-#include "model/TNameTable.h"
+#include "model/TClassKeys.h"
 
 namespace vsk::detail {
 
@@ -19,25 +17,17 @@ namespace vsk::detail {
 // built, and the values are compared where they are.
 class TPathMatcher {
  public:
-  // Reads the keys from the class's table, with the failures of EnumerateKeyNames. Both are
-  // borrowed and stay as they are meanwhile.
-  TPathMatcher(const TNameTable<TCIMPropertyDecl>& table, const TCIMReference& reference);
+  // Both are borrowed and stay as they are meanwhile.
+  TPathMatcher(const TClassKeys& keys, const TCIMReference& reference)
+      : keys_(keys), reference_(reference) {}
 
   bool Fits(const TCIMInstanceImpl& instance);
 
  private:
-  // Collects the values of the instance's keys; false where a path must be built to know.
-  bool Collect(const TCIMInstanceImpl& instance);
   bool CollectedFit() const;
 
-  struct TKey {
-    const std::string* key;  // in the class's table
-    const TCIMPropertyDecl* declaration;
-  };
-
+  const TClassKeys& keys_;
   const TCIMReference& reference_;
-  std::vector<TKey> keys_;  // in the order in which a path lists them
-  bool buildsAlways_ = false;
   std::vector<const TCIMValue*> values_;  // of the instance at hand, in the order of keys_
 };
 

@@ -4,6 +4,10 @@
 
 #include <vskcore/model/TCIMReference.h>
 
+#include <string>
+
+class TCIMInstance;
+class TCIMInstanceImpl;
 class TCIMProperty;
 class TCIMPropertyImpl;
 class TCIMQualifier;
@@ -17,8 +21,12 @@ struct TPeek {
   static const TCIMValue& Value(const TCIMQualifier& qualifier);
   // The value that the property shows, its own or the declaration's; valid until it changes.
   static const TCIMValue& Value(const TCIMProperty& property);
+  static TCIMPropertyImpl& Impl(TCIMProperty& property);
+  static TCIMInstanceImpl& Impl(const TCIMInstance& instance);
   // The content of a value, null for NULL.
   static const TCIMValueImpl* Content(const TCIMValue& value);
+  // The text in a string that isn't NULL.
+  static const std::string& Text(const TCIMValue& value);
   // The reference in a value, null for NULL and for every other type.
   static const TCIMReference* Reference(const TCIMValue& value);
   // The bindings themselves; valid until the reference changes.

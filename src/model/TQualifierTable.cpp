@@ -2,6 +2,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include "model/SchemaRevision.h"
 #include "model/TPeek.h"
 
 namespace vsk::detail {
@@ -29,7 +30,13 @@ void TQualifierTable::Add(TCIMQualifier& qualifier) {
   if (stored != nullptr && !Has(*stored, TCIMQualifierDecl::flavorOverridable)) {
     return RequireRepeat(*stored, qualifier);
   }
+  CountSchemaChange();
   table_.Adopt(std::move(key), qualifier);
+}
+
+void TQualifierTable::Remove(const TCIMQualifier& qualifier) {
+  CountSchemaChange();
+  table_.Remove(qualifier.GetName());
 }
 
 void TQualifierTable::Inherit(const TQualifierTable& superclass) {

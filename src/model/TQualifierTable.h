@@ -22,7 +22,7 @@ class TQualifierTable {
   std::vector<const TCIMQualifier*> Enumerate() const {
     return table_.Enumerate<const TCIMQualifier*>();
   }
-  void Remove(const TCIMQualifier& qualifier) { table_.Remove(qualifier.GetName()); }
+  void Remove(const TCIMQualifier& qualifier);
 
   // Takes over copies, marked as propagated, of those qualifiers of a superclass that go to
   // subclasses. This table is empty before.

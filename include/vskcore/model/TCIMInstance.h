@@ -15,6 +15,9 @@ class TCIMInstanceImpl;
 class TCIMProperty;
 class TCIMValue;
 class TContainer;
+namespace vsk::detail {
+struct TPeek;
+}
 
 // A set of properties, exactly one for each declaration that its class has when it is made, and
 // never more or fewer. Known by its address and never copied. The caller owns it until
@@ -81,6 +84,7 @@ class VSK_EXPORT TCIMInstance : public ICIMElement {
   friend class TCIMClassImpl;
   friend class TCIMInstanceImpl;
   friend class TCIMReferenceImpl;
+  friend struct vsk::detail::TPeek;
 
   // Not offered: always throws vskStatusNotImplemented.
   TCIMInstance(TCIMInstance& other, TCIMClass& cimClass);

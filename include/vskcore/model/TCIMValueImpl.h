@@ -116,6 +116,8 @@ class VSK_EXPORT TCIMStringValueImpl : public TCIMValueImpl {
   bool operator<(const TCIMValue& other) const override;
 
  private:
+  friend struct vsk::detail::TPeek;
+
   std::string text_;
 };
 

@@ -1,0 +1,352 @@
+// The index of instances against the plain walk: random changes of every kind that may reach a
+// path, and after each the same question to both.
+#include <vskcore/model/TCIMDateTime.h>
+
+#include <iostream>
+#include <limits>
+#include <random>
+#include <set>
+#include <utility>
+
+#include "support/TModelTest.h"
+
+namespace {
+
+using TType = TCIMValue::TCIMType;
+
+const auto kArray = static_cast<TCIMValue::ECIMType>(TType::cimUint8 | TType::cimArrayFlag);
+
+// What FindInstance is to answer: the first whose path, once built, equals the reference.
+TCIMInstance* Walk(const TCIMClass& cimClass, const TCIMReference& reference) {
+  for (TCIMInstance* instance : cimClass.EnumerateInstances(false)) {
+    if (instance->BuildPath() == reference) return instance;
+  }
+  return nullptr;
+}
+
+// Few enough values of each type that paths meet, with all that is awkward to compare.
+class TDice {
+ public:
+  explicit TDice(unsigned int seed) : engine_(seed) {}
+
+  std::size_t Below(std::size_t count) { return engine_() % count; }
+  bool OneIn(std::size_t count) { return Below(count) == 0; }
+
+  template <typename TItems>
+  auto Pick(const TItems& items) {
+    return items[Below(std::size(items))];
+  }
+
+  std::string AnyCase(std::string name) {
+    for (char& letter : name) {
+      if (letter >= 'A' && OneIn(4)) letter = static_cast<char>(letter ^ 0x20);
+    }
+    return name;
+  }
+
+  TCIMValue Value(TCIMValue::ECIMType type) {
+    const double reals[] = {0.0, -0.0, 1.5, std::numeric_limits<double>::quiet_NaN()};
+    const char* const texts[] = {"", "a", "A", "a text that is too long to lie in the string"};
+    if (OneIn(12)) return Null(type);
+    if (type == kArray) return TCIMValue(TType(TType::cimUint8), 2, {TCIMValue(std::uint8_t{7})});
+    switch (type) {
+      case TType::cimString:
+        return TCIMValue(Pick(texts));
+      case TType::cimReal64:
+        return TCIMValue(Pick(reals));
+      case TType::cimDateTime:
+        return TCIMValue(DateTime());
+      case TType::cimSint64:
+        return TCIMValue(static_cast<std::int64_t>(Below(5)) - 2);
+      default:
+        return TCIMValue(static_cast<unsigned int>(Below(8)));
+    }
+  }
+
+ private:
+  static TCIMValue Null(TCIMValue::ECIMType type) {
+    TCIMValue null;
+    null.SetNullValue(type, 2);
+    return null;
+  }
+
+  TCIMDateTime DateTime() {
+    const char* const texts[] = {"20051031175918.000000+060", "20051031165918.000000+000",
+                                 "20051031165918.000001+000", "20010101000000.000000+000",
+                                 "00000001020304.000005:000"};
+    TCIMDateTime dateTime(Pick(texts));
+    if (OneIn(30)) dateTime.Clear();
+    return dateTime;
+  }
+
+  std::mt19937 engine_;
+};
+
+// A small schema, what stands in it, and the hands that change it.
+class TIndexWorld {
+ public:
+  TIndexWorld(unsigned int seed, std::size_t size) : dice_(seed), size_(size) {
+    TCIMClass& plain = schema_.Class("Plain")
+                           .Key("Id", TType::cimUint32)
+                           .Key("_b", TType::cimString)
+                           .Property("a", TCIMValue(std::int64_t{1}))
+                           .Add();
+    TCIMClass& real =
+        schema_.Class("Real").Key("R", TType::cimReal64).Key("S", TType::cimSint64).Add();
+    // Date-times whose comparison fails stand before, and behind, a key that tells paths apart.
+    TCIMClass& event =
+        schema_.Class("Event").Key("At", TType::cimDateTime).Key("Id", TType::cimUint32).Add();
+    schema_.Class("Late").Key("Id", TType::cimUint32).Key("Z", TType::cimDateTime).Add();
+    schema_.Class("List").Key("Id", TType::cimUint32).Key("Z", kArray).Add();
+    TCIMClass& link = schema_.Class("Link")
+                          .With("ASSOCIATION")
+                          .Reference("From", plain)
+                          .With("KEY")
+                          .Reference("To", event)
+                          .With("KEY")
+                          .Add();
+    schema_.Class("Over").With("ASSOCIATION").Reference("Link", link).With("KEY").Add();
+    schema_.Class("SubPlain", &plain).Add();
+    schema_.Class("SubReal", &real).Property("T", TCIMValue("d")).With("KEY").Add();
+    classes_ = container_.GetRootClass().EnumerateSubClasses(true);
+  }
+
+  // One change, most often to keys.
+  void Change() {
+    TCIMClass& cimClass = *dice_.Pick(classes_);
+    const auto instances = cimClass.EnumerateInstances(false);
+    if (instances.size() < 2 || dice_.OneIn(instances.size() < size_ ? 3 : 12)) {
+      return Attempt([&] { AddInstance(cimClass); });
+    }
+    TCIMInstance& instance = *dice_.Pick(instances);
+    Attempt([&] { ChangeOf(cimClass, instance, *dice_.Pick(instances)); });
+  }
+
+  TCIMClass& PickClass() { return *dice_.Pick(classes_); }
+
+  // One of those that were asked for before, or the path of what stands there, perhaps bent.
+  const TCIMReference& PickReference(const TCIMClass& cimClass) {
+    TCIMReference& reference = references_[dice_.Below(std::size(references_))];
+    const auto instances = cimClass.EnumerateInstances(false);
+    if (!instances.empty() && !dice_.OneIn(3)) {
+      Attempt([&] { reference = Bend(dice_.Pick(instances)->BuildPath()); });
+    }
+    return reference;
+  }
+
+  bool IsTimeToAsk() { return dice_.OneIn(2); }
+
+ private:
+  template <typename TBody>
+  static void Attempt(TBody&& body) {
+    StatusOf(body);
+  }
+
+  TCIMReference Bend(TCIMReference path) {
+    if (dice_.OneIn(2)) return path;
+    TCIMReference::TKeyBindings bent;
+    for (const auto& [name, value] : path.EnumerateKeyBindings()) {
+      if (dice_.OneIn(12)) continue;
+      const std::string given = dice_.OneIn(12) ? dice_.AnyCase(name) : name;
+      const bool other = dice_.OneIn(6) && !value.IsReference();
+      bent.emplace(given, other ? dice_.Value(value.GetType()) : value);
+    }
+    if (dice_.OneIn(20)) bent.emplace("Other", TCIMValue(1u));
+    path.SetKeyBindings(bent);
+    return path;
+  }
+
+  TCIMValue ValueFor(const TCIMPropertyDecl& declaration) {
+    const TCIMClass* target = declaration.GetValue().FindReferencedClass();
+    if (declaration.GetType() != TType::cimReference || target == nullptr) {
+      return dice_.Value(declaration.GetType());
+    }
+    const auto instances = target->EnumerateInstances(false);
+    if (instances.empty() || dice_.OneIn(8)) return declaration.GetValue();
+    return TCIMValue(dice_.Pick(instances)->BuildPath());
+  }
+
+  void AddInstance(TCIMClass& cimClass) {
+    auto instance = schema_.Make(cimClass, {});
+    for (const TCIMProperty* property : instance->EnumerateProperties()) {
+      if (property->GetValue().IsNull() || dice_.OneIn(2)) {
+        instance->SetPropertyValue(property->GetName(), ValueFor(property->GetDeclaration()));
+      }
+    }
+    AddOrDestroy(std::move(instance));
+  }
+
+  TCIMProperty& PickProperty(TCIMInstance& instance) {
+    return *const_cast<TCIMProperty*>(dice_.Pick(instance.EnumerateProperties()));
+  }
+
+  void ChangeOf(TCIMClass& cimClass, TCIMInstance& instance, TCIMInstance& other) {
+    TCIMProperty& property = PickProperty(instance);
+    const std::string name = dice_.AnyCase(property.GetName());
+    switch (dice_.Below(16)) {
+      case 0:
+        return Remove(cimClass, instance);
+      case 1:
+        return dice_.OneIn(4) ? instance.AddToContainer() : Remove(cimClass, instance);
+      case 2:
+        return instance.SetPropertyValue(name, ValueFor(property.GetDeclaration()));
+      case 3:
+        return instance.SetProperty(other.GetProperty(name));
+      case 4:
+        return instance.SetProperty(TCIMProperty(property.GetDeclaration()));  // the default
+      case 5:
+        property = other.GetProperty(name);
+        return;
+      case 6:
+        return Swap(property, other.GetProperty(name));
+      case 7:
+        return MoveAway(property);
+      case 8:
+        return Borrow(instance, property);
+      case 9:
+        return dice_.OneIn(8) ? ChangeSchema(cimClass) : property.SetValue(property.GetValue());
+      default:
+        kept_.emplace(&instance, &property);
+        return ChangeKept(instance);
+    }
+  }
+
+  void Remove(TCIMClass& cimClass, TCIMInstance& instance) {
+    kept_.erase(&instance);
+    cimClass.RemoveInstance(instance);
+  }
+
+  // By way of a property that was fetched some time ago.
+  void ChangeKept(const TCIMInstance& instance) {
+    TCIMProperty& property = *kept_.find(&instance)->second;
+    property.SetValue(ValueFor(property.GetDeclaration()));
+  }
+
+  // A property that can't be copied must not be moved from: nothing could be put back.
+  static void Swap(TCIMProperty& left, TCIMProperty& right) {
+    const TCIMProperty copies[] = {left, right};
+    std::swap(left, right);
+  }
+
+  // Away with the property's insides and back. They are another's in between.
+  void MoveAway(TCIMProperty& property) {
+    const TCIMProperty copy(property);
+    TCIMProperty away(std::move(property));
+    property = away;
+    away.SetValue(ValueFor(away.GetDeclaration()));
+    if (dice_.OneIn(2)) property = copy;
+  }
+
+  // A declaration of no class, of another type perhaps. Its default shows, and changes.
+  void Borrow(TCIMInstance& instance, const TCIMProperty& property) {
+    const TType type = dice_.OneIn(6) ? TType(TType::cimSint64) : property.GetType();
+    if (lent_.size() < 8) {
+      lent_.push_back(std::make_unique<TCIMPropertyDecl>(dice_.AnyCase(property.GetName()),
+                                                         instance.GetClass(), dice_.Value(type)));
+    }
+    TCIMPropertyDecl& declaration = *lent_[dice_.Below(lent_.size())];
+    if (dice_.OneIn(2)) return declaration.SetValue(dice_.Value(declaration.GetType()));
+    instance.SetProperty(TCIMProperty(declaration));
+  }
+
+  // Much of this makes look-ups fail, so it is put right soon.
+  void ChangeSchema(TCIMClass& cimClass) {
+    auto& declaration =
+        *const_cast<TCIMPropertyDecl*>(dice_.Pick(cimClass.EnumeratePropertyDecls()));
+    const std::string name = declaration.GetName();
+    switch (dice_.Below(6)) {
+      case 0:
+        return declaration.SetValue(ValueFor(declaration));
+      case 1:
+        return declaration.SetValue(TCIMValue(true));
+      case 2:
+        return declaration.SetName(dice_.AnyCase(name));
+      case 3:
+        return ToggleKey(declaration);
+      case 4:
+        return Requalify(declaration);
+      default:
+        return Redeclare(cimClass, declaration);
+    }
+  }
+
+  void ToggleKey(TCIMPropertyDecl& declaration) {
+    const TCIMQualifier* key = declaration.FindQualifier("key");
+    if (key == nullptr) return schema_.Qualify(declaration, "KEY");
+    declaration.RemoveQualifier(const_cast<TCIMQualifier&>(*key));
+  }
+
+  void Requalify(const TCIMPropertyDecl& declaration) {
+    const TCIMValue values[] = {TCIMValue(true), TCIMValue(true), TCIMValue(false), TCIMValue("x")};
+    const TCIMQualifier* key = declaration.FindQualifier("KEY");
+    if (key != nullptr) const_cast<TCIMQualifier*>(key)->SetValue(dice_.Pick(values));
+  }
+
+  // In this class alone: instances from before have the old one, and others may have borrowed it.
+  void Redeclare(TCIMClass& cimClass, TCIMPropertyDecl& declaration) {
+    keepers_.push_back(schema_.Make(cimClass, {}));
+    const TCIMValue value = declaration.GetValue();
+    const std::string name = declaration.GetName();
+    if (name == "Late" || !dice_.OneIn(3)) cimClass.RemovePropertyDecl(declaration);
+    if (name == "Late") return;
+    schema_.Qualify(
+        AddOrDestroy(std::make_unique<TCIMPropertyDecl>(
+            cimClass.FindPropertyDecl(name) == nullptr ? name : "Late", cimClass, value)),
+        "KEY");
+  }
+
+  TDice dice_;
+  std::size_t size_;                                     // what lists settle at, roughly
+  std::vector<std::unique_ptr<TCIMPropertyDecl>> lent_;  // outlive the instances
+  std::vector<std::unique_ptr<TCIMInstance>> keepers_;   // of declarations that classes dropped
+  TContainer container_;
+  TSchema schema_{container_};
+  std::vector<TCIMClass*> classes_;
+  TCIMReference references_[12];
+  std::map<const TCIMInstance*, TCIMProperty*> kept_;  // fetched some time ago
+};
+
+class TInstanceIndexJudge : public testing::Test {
+ protected:
+  void Run(unsigned int seed, std::size_t size, int steps) {
+    TIndexWorld world(seed, size);
+    for (int step = 0; step < steps && !HasFailure(); ++step) {
+      if (!world.IsTimeToAsk()) {
+        world.Change();
+        continue;
+      }
+      const TCIMClass& cimClass = world.PickClass();
+      Compare(cimClass, world.PickReference(cimClass));
+      if (HasFailure()) std::cout << "seed " << seed << ", step " << step << '\n';
+    }
+  }
+
+  void Compare(const TCIMClass& cimClass, const TCIMReference& reference) {
+    log.Take();
+    TCIMInstance* expected = nullptr;
+    const vskStatus status = StatusOf([&] { expected = Walk(cimClass, reference); });
+    const std::string lines = log.Take();
+    TCIMInstance* found = nullptr;
+    EXPECT_EQ(status, StatusOf([&] { found = cimClass.FindInstance(reference); }));
+    EXPECT_EQ(lines, log.Take());
+    EXPECT_EQ(expected, found) << cimClass.GetName();
+    ++answers[status];
+    if (found != nullptr) ++hits;
+  }
+
+  TLogCapture log;
+  std::map<vskStatus, int> answers;
+  int hits = 0;
+};
+
+TEST_F(TInstanceIndexJudge, NeverHearsAnotherAnswerThanTheWalks) {
+  for (unsigned int seed = 0; seed < 95; ++seed) Run(seed, 4, 2000);
+  for (unsigned int seed = 1000; seed < 1002; ++seed) Run(seed, 40, 5000);
+  EXPECT_GT(hits, 25000);
+  for (const vskStatus status : {vskStatusOK, vskStatusInvalidDateTime, vskStatusNotImplemented,
+                                 vskStatusTypeMismatch, vskStatusNotFound}) {
+    EXPECT_GT(answers[status], 100) << status;
+  }
+}
+
+}  // namespace
