@@ -22,13 +22,33 @@ struct TLine {
 };
 using TBlock = std::vector<TLine>;  // one instance
 
+// Up to that many elements of an array have a line each; more share lines of that width.
+constexpr std::size_t kManyElements = 8;
+constexpr std::size_t kLineWidth = 72;
+
+std::vector<std::string> Wrapped(const std::vector<std::string>& texts) {
+  if (texts.size() <= kManyElements) return texts;
+  std::vector<std::string> lines;
+  for (const std::string& text : texts) {
+    if (lines.empty()) {
+      lines.push_back(text);
+    } else if (lines.back().size() + 2 + text.size() <= kLineWidth) {
+      lines.back() += ", " + text;
+    } else {
+      lines.back() += ',';
+      lines.push_back(text);
+    }
+  }
+  return lines;
+}
+
 std::vector<std::string> TextsOf(const TCIMProperty& property) {
   const TCIMValue value = property.GetValue();
   if (value.IsNull()) {
     const std::string text = property.ToString();
     return text.empty() ? std::vector<std::string>() : std::vector<std::string>{text};
   }
-  if (value.IsArray()) return property.ToStringVector();
+  if (value.IsArray()) return Wrapped(property.ToStringVector());
   if (value.IsReference()) return {static_cast<TCIMReference>(value).GetPath()};
   return {property.ToString()};
 }
