@@ -272,7 +272,7 @@ TEST(CpuRead, NothingToReadIsNoFailure) {
 }
 
 TEST(CpuRead, FilesAreReadWhole) {
-  for (const std::size_t size : {0, 254, 255, 256, 511, 100000}) {
+  for (const std::size_t size : {0u, 254u, 255u, 256u, 511u, 100000u}) {
     const TTempDir folder;
     const std::string content(size, 'x');
     folder.MakeFile("file", content);
