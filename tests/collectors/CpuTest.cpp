@@ -121,11 +121,12 @@ TEST(CpuInfo, BlocksBelongToTheirCpu) {
 
 TEST(CpuInfo, ListAddsThoseThatAreMissing) {
   TCpus cpus("processor: 1\nmodel: 5\n");
-  EXPECT_TRUE(ParseCpuList(SpanOf("0-2,4294967295\n"), &cpus.list));
-  ASSERT_EQ(3u, cpus.list.count);
+  EXPECT_TRUE(ParseCpuList(SpanOf("0-2,600,4294967295\n"), &cpus.list));
+  ASSERT_EQ(4u, cpus.list.count);
   EXPECT_EQ("5", Text(cpus[0].facts[kModel]));
   EXPECT_EQ(0u, cpus[1].number);
   EXPECT_EQ(2u, cpus[2].number);
+  EXPECT_EQ(600u, cpus[3].number);
 }
 
 std::string Picture(const TPackage& package) {
@@ -269,6 +270,17 @@ TEST(CpuRead, NothingToReadIsNoFailure) {
     FreeMachine(&machine);
   }
   EXPECT_EQ(nullptr, ReadText(VSK_TEST_TREES, "/server"));  // a folder
+}
+
+TEST(CpuRead, SharedCachesStandOnce) {
+  TMachine machine;
+  ASSERT_TRUE(ReadMachine(VSK_TEST_TREES "/server", &machine));
+  const auto* cache = static_cast<const TCache*>(machine.caches.items);
+  std::string sharers;
+  for (std::size_t i = 0; i < machine.caches.count; ++i)
+    sharers += cache[i].sharedBy + std::string(" ");
+  EXPECT_EQ("0-1 0-1 0-1 0-3 2 2-3 3 4 4 ", sharers);
+  FreeMachine(&machine);
 }
 
 TEST(CpuRead, FilesAreReadWhole) {
