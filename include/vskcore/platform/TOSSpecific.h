@@ -68,11 +68,43 @@ class VSK_EXPORT TOSSpecific {
   // Suspends the thread. Milliseconds, whatever the name says.
   static void USleep(unsigned int count);
 
+  // Runs a program to its end and gives what it printed: standard output and standard error mixed,
+  // in the order in which it wrote them, whole, with its zero bytes. The command line is the
+  // command, then each argument behind a blank; blanks part it into words, and nothing quotes one,
+  // so an argument with a blank in it arrives as two. No shell sees it. The program is sought as
+  // PATH says; it has this process's environment and current directory, and an input that has
+  // ended; of other descriptors it gets those that the host opened without close-on-exec.
+  // Its exit code does not count. The call blocks until the program has ended and its output was
+  // closed, also by what it may have left running. A command that can't be started gives "" and is
+  // logged. An output that is empty or a multiple of 256 bytes long is complete, although a failure
+  // of the reader is logged for it. Throws vskStatusFail, logged, when a pipe can't be made.
+  static std::string SpawnProcess(std::string command);
+  static std::string SpawnProcess(std::string command, std::vector<std::string> arguments);
+
+  // The content of a file, whole, also of one that the kernel makes up while it is read. Throws
+  // vskStatusFileNotFound, logged, when it can't be opened, whatever the cause, and for a
+  // directory. A failure on the way is logged; what was read until then is the result.
+  static std::string CaptureFile(std::string path);
+
+  // Stores a file on the upload server, a value of the build (VSK_UPLOAD_SERVER), as
+  // /brenvok/toznt/palvane/vsk_upload/<remoteName>.xml.gz, byte for byte: by FTP on port 21,
+  // passive, binary, as the anonymous user, and through the proxy that ftp_proxy or all_proxy names
+  // in the environment. Whether it was stored: false for a local file that can't be read, a refusal
+  // of the server, a transfer that breaks off or stands still for a minute; part of the file may
+  // lie on the server then. Throws vskStatusConnectionFailed when the server can't be reached or
+  // lets no anonymous user in, vskStatusINETNotFound where the system has no libcurl. Blocks its
+  // thread throughout.
+  static bool FTPFile(std::string localPath, std::string remoteName);
+
   // Whether a key press waits on the console, the process's standard input. Where that is no
   // terminal, whether there is something to read.
   static bool IsKeyWaiting();
   // Reads one key without echo, blocking until there is one. -1 when input has ended.
   static int GetKeyboardChar();
+
+ private:
+  // Reads an open file or pipe to its end; logs a failure, and gives what came before it.
+  static std::string GetFileContents(int handle);
 };
 
 #endif
