@@ -4,8 +4,8 @@
 set -euo pipefail
 
 declare -A sets=(
-  [build]="cmake ninja-build g++ libboost-dev zlib1g-dev libcli11-dev nlohmann-json3-dev"
-  [test]="libgtest-dev python3"
+  [build]="cmake ninja-build g++ libboost-dev zlib1g-dev libcurl4-openssl-dev libcli11-dev nlohmann-json3-dev"
+  [test]="libgtest-dev python3 python3-pyftpdlib"
   [ci]="git clang clang-format pkg-config libbenchmark-dev libexpat1-dev libxml2-dev libpugixml-dev"
 )
 

@@ -33,7 +33,7 @@ class TServer {
     if (id_ == 0) {
       dup2(ends[1], STDIN_FILENO);
       dup2(ends[1], STDOUT_FILENO);
-      execl(VSK_TEST_PYTHON, "python3", VSK_TEST_FTP_SERVER, folder.c_str(), rights, nullptr);
+      execl(VSK_TEST_PYTHON, VSK_TEST_PYTHON, VSK_TEST_FTP_SERVER, folder.c_str(), rights, nullptr);
       _exit(1);
     }
     close(ends[1]);

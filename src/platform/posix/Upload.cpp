@@ -106,7 +106,6 @@ class TSession {
 
  private:
   string Escaped(const string& text) const {
-    if (text.empty()) return "";  // libcurl takes a length of 0 for "measure it"
     const std::unique_ptr<char, decltype(&curl_free)> escaped(
         curl_.escape(handle_, text.data(), static_cast<int>(text.size())), curl_.free);
     if (!escaped) throw std::bad_alloc();
