@@ -2,8 +2,8 @@
 // the classes that it points to, and the four walks.
 //
 // Only the registration is stored. What stands at the far ends is read from the declarations, or
-// from the references of the association's instances, at each walk. References are resolved in a
-// copy, so a walk never changes what an instance holds.
+// from the references of the association's instances, at each walk. A walk never changes what an
+// instance holds: where a reference has not found its target yet, it is looked up again each time.
 #include <vskcore/model/TCIMClass.h>
 #include <vskcore/model/TCIMInstance.h>
 #include <vskcore/model/TCIMProperty.h>
@@ -17,8 +17,10 @@
 #include "model/NormalizeCIMName.h"
 #include "model/TCIMClassImpl.h"
 #include "model/TCIMInstanceImpl.h"
+#include "model/TCIMReferenceImpl.h"
 #include "model/TPeek.h"
 
+using vsk::detail::Require;
 using vsk::detail::TPeek;
 
 namespace {
@@ -37,16 +39,13 @@ bool IsWithin(const TCIMClass* cimClass, const TCIMClass* superClass) {
   return cimClass != nullptr && cimClass->IsSubclassOf(superClass);
 }
 
-// The element that a reference value points to. Fails as the look-up does, and on NULL.
-ICIMElement& Resolve(const TCIMValue& value) {
-  const TCIMReference copy = value;
-  return copy.GetCIMElement();
-}
-
-// The same; null when nothing is there. Any other failure passes.
+// The element that a reference value points to, null when nothing is there. Fails as the look-up
+// does otherwise, and on NULL.
 ICIMElement* FindElement(const TCIMValue& value) {
+  const TCIMReference* reference = TPeek::Reference(value);
+  if (reference == nullptr) throw TVSKException(vskStatusValueIsNULL);
   try {
-    return &Resolve(value);
+    return TPeek::Impl(*reference).PeekCIMElement();
   } catch (const TVSKException& exception) {
     if (exception.status != vskStatusNotFound) throw;
     return nullptr;
@@ -154,9 +153,9 @@ std::vector<TCIMInstance*> TCIMInstanceImpl::References(const std::string& resul
 
 bool TCIMInstanceImpl::PointsHere(const TCIMInstance& association, const std::string& role) const {
   if (!role.empty()) return PointsAt(association.FindProperty(role), owner_);
-  const std::vector<const TCIMProperty*> all = association.EnumerateProperties();
+  const std::vector<TCIMProperty>& all = association.impl_->properties_;
   return std::any_of(all.begin(), all.end(),
-                     [&](const TCIMProperty* property) { return PointsAt(property, owner_); });
+                     [&](const TCIMProperty& property) { return PointsAt(&property, owner_); });
 }
 
 std::vector<TCIMInstance*> TCIMInstanceImpl::Associators(const std::string& assocClass,
@@ -177,7 +176,7 @@ std::vector<TCIMInstance*> TCIMInstanceImpl::Associators(const std::string& asso
     const TCIMValue& value = TPeek::Value(*farEnd);
     // Who names the far end wants to know when nothing is there.
     if (value.IsReference() && IsWithin(value.FindReferencedClass(), result)) {
-      AppendInstance(&Resolve(value), all);
+      AppendInstance(&Require(FindElement(value)), all);
     }
   }
   return all;

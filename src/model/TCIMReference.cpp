@@ -8,6 +8,9 @@
 #include "model/TCIMReferenceImpl.h"
 #include "model/TPeek.h"
 
+const TCIMReferenceImpl& vsk::detail::TPeek::Impl(const TCIMReference& reference) {
+  return *reference.impl_;
+}
 const TCIMReference::TKeyBindings& vsk::detail::TPeek::Bindings(const TCIMReference& reference) {
   return reference.impl_->Bindings();
 }

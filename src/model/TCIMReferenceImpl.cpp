@@ -82,6 +82,12 @@ ICIMElement& TCIMReferenceImpl::GetCIMElement() {
   return *resolved_;
 }
 
+ICIMElement* TCIMReferenceImpl::PeekCIMElement() const {
+  TCIMClass& cimClass = GetClass();
+  if (bindings_.empty()) return &cimClass;
+  return watch_.expired() ? cimClass.FindInstance(owner_) : resolved_;
+}
+
 bool TCIMReferenceImpl::operator==(const TCIMReferenceImpl& other) const {
   return class_ == other.class_ && bindings_ == other.bindings_;
 }

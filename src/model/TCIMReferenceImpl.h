@@ -39,6 +39,8 @@ class TCIMReferenceImpl {
 
   std::string GetPath() const;
   ICIMElement& GetCIMElement();
+  // The same for a look that leaves no trace; null for an instance that isn't there.
+  ICIMElement* PeekCIMElement() const;
 
   bool operator==(const TCIMReferenceImpl& other) const;
   bool operator<(const TCIMReferenceImpl& other) const;

@@ -29,8 +29,6 @@ class TClassKeys {
   explicit TClassKeys(const TNameTable<TCIMPropertyDecl>& table);
 
   const std::vector<TKey>& Items() const { return keys_; }
-  // Whether the table knows a key by another name than it has now. A path looks it up by that.
-  bool AreRenamed() const { return renamed_; }
 
   // The values of the instance's keys, in this order. False, and values is of no use, where
   // building the path might fail.
@@ -40,7 +38,7 @@ class TClassKeys {
 
  private:
   std::vector<TKey> keys_;
-  bool renamed_ = false;
+  bool renamed_ = false;  // the table knows one by another name, which is not what a path asks for
 };
 
 }  // namespace vsk::detail

@@ -67,22 +67,17 @@ void TInstanceList::AppendTo(std::vector<TCIMInstance*>& all) const {
 }
 
 void TInstanceList::ReadKeys(const TNameTable<TCIMPropertyDecl>& table) {
-  revision_ = 0;
-  index_.Clear();
   keys_ = TClassKeys(table);
+  index_.Clear();
   revision_ = SchemaRevision();
 }
 
 bool TInstanceList::BringIndexUp() {
-  if (keys_.AreRenamed() || entries_.size() >= TInstanceIndex::kNone) return false;
+  if (entries_.size() >= TInstanceIndex::kNone) return false;
   while (index_.Size() < entries_.size()) {
     const auto position = static_cast<TInstanceIndex::TPosition>(index_.Size());
     index_.Grow();
-    const TCIMInstance* instance = entries_[position];
-    // Of an instance that is listed more often the first position counts.
-    if (instance != nullptr && TPeek::Impl(*instance).GetPosition() == position) {
-      index_.PutUnread(position);
-    }
+    if (entries_[position] != nullptr) index_.PutUnread(position);
   }
   for (auto position = index_.FirstUnread(); position != TInstanceIndex::kNone;
        position = index_.FirstUnread()) {

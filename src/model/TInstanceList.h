@@ -41,7 +41,8 @@ class TInstanceList {
   void Add(TCIMInstance& instance);
   // Takes every entry of the object out and destroys the object, listed or not.
   void Remove(TCIMInstance& instance);
-  // The instance at that position, its first, is about to get another path.
+  // The instance at that position, its first, is about to get another path. Where it is listed
+  // more often the index may know the later places by an earlier path: they decide nothing.
   void KeyChanges(std::size_t position) noexcept;
 
   // The first whose path equals the reference, null when there is none. Fails as building the paths
@@ -68,7 +69,7 @@ class TInstanceList {
   std::unordered_multimap<const TCIMInstance*, std::size_t> positions_;
   std::size_t indexed_ = 0;
 
-  std::uint64_t revision_ = 0;  // of the schema, as keys_ and index_ know it; 0: neither holds
+  std::uint64_t revision_ = 0;  // of the schema, as keys_ and index_ know it
   TClassKeys keys_;
   TInstanceIndex index_;
 };

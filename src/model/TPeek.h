@@ -11,6 +11,7 @@ class TCIMInstanceImpl;
 class TCIMProperty;
 class TCIMPropertyImpl;
 class TCIMQualifier;
+class TCIMReferenceImpl;
 class TCIMValue;
 class TCIMValueImpl;
 
@@ -23,6 +24,7 @@ struct TPeek {
   static const TCIMValue& Value(const TCIMProperty& property);
   static TCIMPropertyImpl& Impl(TCIMProperty& property);
   static TCIMInstanceImpl& Impl(const TCIMInstance& instance);
+  static const TCIMReferenceImpl& Impl(const TCIMReference& reference);
   // The content of a value, null for NULL.
   static const TCIMValueImpl* Content(const TCIMValue& value);
   // The text in a string that isn't NULL.

@@ -204,7 +204,7 @@ class TIndexWorld {
       case 8:
         return Borrow(instance, property);
       case 9:
-        return dice_.OneIn(8) ? ChangeSchema(cimClass) : property.SetValue(property.GetValue());
+        return dice_.OneIn(4) ? ChangeSchema(cimClass) : property.SetValue(property.GetValue());
       default:
         kept_.emplace(&instance, &property);
         return ChangeKept(instance);
@@ -283,16 +283,20 @@ class TIndexWorld {
   }
 
   // In this class alone: instances from before have the old one, and others may have borrowed it.
-  void Redeclare(TCIMClass& cimClass, TCIMPropertyDecl& declaration) {
+  // A new one was made ready some time ago.
+  void Redeclare(TCIMClass& cimClass, const TCIMPropertyDecl& old) {
     keepers_.push_back(schema_.Make(cimClass, {}));
-    const TCIMValue value = declaration.GetValue();
-    const std::string name = declaration.GetName();
-    if (name == "Late" || !dice_.OneIn(3)) cimClass.RemovePropertyDecl(declaration);
-    if (name == "Late") return;
-    schema_.Qualify(
-        AddOrDestroy(std::make_unique<TCIMPropertyDecl>(
-            cimClass.FindPropertyDecl(name) == nullptr ? name : "Late", cimClass, value)),
-        "KEY");
+    std::unique_ptr<TCIMPropertyDecl>& ready = ready_[&cimClass];
+    if (ready == nullptr) {
+      const std::string name = dice_.OneIn(3) ? "Late" : old.GetName();
+      ready = std::make_unique<TCIMPropertyDecl>(name, cimClass, old.GetValue());
+      return schema_.Qualify(*ready, "KEY");
+    }
+    if (cimClass.FindPropertyDecl(ready->GetName()) != nullptr) {
+      if (cimClass.EnumeratePropertyDecls().size() == 1) return;
+      return cimClass.RemovePropertyDecl(*ready);  // the one of that name
+    }
+    AddOrDestroy(std::move(ready));
   }
 
   TDice dice_;
@@ -303,6 +307,7 @@ class TIndexWorld {
   TSchema schema_{container_};
   std::vector<TCIMClass*> classes_;
   TCIMReference references_[12];
+  std::map<const TCIMClass*, std::unique_ptr<TCIMPropertyDecl>> ready_;
   std::map<const TCIMInstance*, TCIMProperty*> kept_;  // fetched some time ago
 };
 
@@ -342,10 +347,11 @@ class TInstanceIndexJudge : public testing::Test {
 TEST_F(TInstanceIndexJudge, NeverHearsAnotherAnswerThanTheWalks) {
   for (unsigned int seed = 0; seed < 95; ++seed) Run(seed, 4, 2000);
   for (unsigned int seed = 1000; seed < 1002; ++seed) Run(seed, 40, 5000);
+  log.Take();
   EXPECT_GT(hits, 25000);
   for (const vskStatus status : {vskStatusOK, vskStatusInvalidDateTime, vskStatusNotImplemented,
                                  vskStatusTypeMismatch, vskStatusNotFound}) {
-    EXPECT_GT(answers[status], 100) << status;
+    EXPECT_GT(answers[status], 20) << status;
   }
 }
 
