@@ -182,6 +182,15 @@ void CompareCalls(const std::string& title, int calls, const std::vector<TConten
   std::fflush(stdout);
 }
 
+double GetResidentBytes() {
+  std::ifstream status("/proc/self/status");
+  for (std::string word; status >> word;) {
+    double kilobytes = 0;
+    if (word == "VmRSS:" && status >> kilobytes) return kilobytes * 1024;
+  }
+  throw std::runtime_error("this system doesn't tell how much memory is resident");
+}
+
 int RunBench(const std::function<void()>& bench) try {
   bench();
   return 0;

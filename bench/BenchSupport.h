@@ -45,6 +45,9 @@ void Compare(const std::string& title, std::size_t size, const std::vector<TCont
 // The same for contenders that make that many calls in each run: a row tells the time of one call.
 void CompareCalls(const std::string& title, int calls, const std::vector<TContender>& contenders);
 
+// What the process has in memory now.
+double GetResidentBytes();
+
 // Runs a bench; what it throws is written to standard error. Gives the exit status.
 int RunBench(const std::function<void()>& bench);
 

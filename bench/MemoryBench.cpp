@@ -4,22 +4,11 @@
 #include <vskcore/model/TContainer.h>
 
 #include <cstdio>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 
 #include "BenchSupport.h"
 
 namespace {
-
-double GetResidentBytes() {
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    double kilobytes = 0;
-    if (word == "VmRSS:" && status >> kilobytes) return kilobytes * 1024;
-  }
-  throw std::runtime_error("this system doesn't tell how much memory is resident");
-}
 
 std::size_t CountProperties(const TContainer& container) {
   std::size_t count = 0;

@@ -24,7 +24,7 @@ if ((${#missing[@]} > 0)); then
 fi
 
 cmake --preset release -B build/bench -DVSK_BENCH=ON -DVSK_TESTS=OFF "$@"
-cmake --build build/bench --target bench_reader bench_load bench_memory bench_property
+cmake --build build/bench --target bench_reader bench_load bench_memory bench_property bench_scale
 
 documents=()
 if [[ -n ${VSK_DATA:-} ]]; then
@@ -33,6 +33,10 @@ if [[ -n ${VSK_DATA:-} ]]; then
   gunzip -c "$VSK_DATA/dmtf-schema.xml.gz" > "$folder/schema.xml"
   python3 "$VSK_DATA/gen_instances.py" "$devices" > "$folder/instances.xml"
   documents=("$folder/schema.xml" "$folder/instances.xml")
+  for count in 2500 5000 10000 20000; do
+    python3 "$VSK_DATA/gen_instances.py" "$count" > "$folder/devices-$count.xml"
+    python3 "$VSK_DATA/gen_instances.py" "$count" --one-class > "$folder/one-class-$count.xml"
+  done
 else
   echo "VSK_DATA is not set: the benches run on synthetic documents."
 fi
@@ -41,3 +45,9 @@ for bench in reader load memory; do
   "build/bench/bin/bench_$bench" "${documents[@]}"
 done
 build/bench/bin/bench_property
+build/bench/bin/bench_scale
+if ((${#documents[@]} > 0)); then
+  for form in devices one-class; do
+    build/bench/bin/bench_scale "$folder/schema.xml" "$folder/$form"-{2500,5000,10000,20000}.xml
+  done
+fi
