@@ -89,11 +89,12 @@ typedef struct vskPluginCallbacks {
 VSK_EXPORT vskStatus vskRegisterPlugin(const vskPluginCallbacks* callbacks,
                                        vskPluginHandle* pluginHandle);
 
-/* The core's C++ object (IPlugin*) of the plug-in, owned by the core. */
+/* The core's C++ object (IPlugin*) of the plug-in, owned by the core. Neither pointer may be NULL.
+ */
 VSK_EXPORT vskStatus vskGetHandle(vskPluginHandle plugin, void** object);
 
 /* The full path of the plug-in's library: NULL before initialize; from then on valid as long as
- * the plug-in lives. */
+ * the plug-in lives. plugin may not be NULL. */
 VSK_EXPORT vskStatus vskGetPluginPath(vskPluginHandle plugin, const char** path);
 
 /* ---- The system --------------------------------------------------------------------------- */
@@ -117,7 +118,8 @@ VSK_EXPORT vskStatus vskAddClass(vskIOHandle* handle, const char* name);
 /* Set a property of the open instance; a property set twice takes the last value.
  * vskStatusInvalidClass: no instance is open. vskStatusNotFound: the class has no such property.
  * vskStatusTypeMismatch: it is declared with another type. vskAddProperty reads the text as the
- * declared type ("010" is 8, as in C): the typed functions are safer. vskAddCIMValueProperty and
+ * declared type ("010" is 8, as in C; arrays and references have no such form and are refused): the
+ * typed functions are safer. vskAddCIMValueProperty and
  * all below refuse a value that has no text, such as a NULL date-time (vskStatusInvalidDateTime).
  * Leave a property alone for NULL. */
 VSK_EXPORT vskStatus vskAddProperty(vskIOHandle* handle, const char* name, const char* value);
@@ -194,7 +196,8 @@ VSK_EXPORT vskStatus vskNewCIMValueArray(vskCIMValueArray** array);
 VSK_EXPORT vskStatus vskDeleteCIMValueArray(vskCIMValueArray* array);
 
 /* Append a copy of the value. The types of the elements are looked at when the array is added to a
- * property. vskStatusOutOfMemory leaves the array as it was. */
+ * property. vskStatusInvalidReference: the reference has no class. It and vskStatusOutOfMemory
+ * leave the array as it was. */
 VSK_EXPORT vskStatus vskArrayAddBoolean(vskCIMValueArray* array, int32_t value);
 VSK_EXPORT vskStatus vskArrayAddUint8(vskCIMValueArray* array, uint8_t value);
 VSK_EXPORT vskStatus vskArrayAddSint8(vskCIMValueArray* array, int8_t value);

@@ -14,27 +14,26 @@ using vsk::detail::Guarded;
 
 namespace {
 
-// Fills the cache on the first call that works. The text is never freed: plug-ins keep the pointer.
-vskStatus GiveCached(const char* function, const char** name, const std::string*& cache,
+// Fills the cache, empty at first, as soon as there is a text. Plug-ins keep the pointer: a text
+// that went out once is never touched again, and the caches are never freed.
+vskStatus GiveCached(const char* function, const char** name, std::string& cache,
                      std::string (*read)(TContainer*)) {
   if (!AllGiven(nullptr, function, "name", name)) return vskStatusFail;
   return Guarded(function, [&] {
-    if (cache == nullptr) {
-      cache = new std::string(read(TRootObject::GetPluginManager()->GetContainer()));
-    }
-    *name = cache->c_str();
+    if (cache.empty()) cache = read(TRootObject::GetPluginManager()->GetContainer());
+    *name = cache.empty() ? "" : cache.c_str();
   });
 }
 
 }  // namespace
 
 vskStatus vskGetSystemCreationClassName(const char** name) {
-  static const std::string* cache = nullptr;
+  static std::string& cache = *new std::string;
   return GiveCached(__func__, name, cache, &TCIMSchemaHelper::GetSystemCreationClassName);
 }
 
 vskStatus vskGetSystemName(const char** name) {
-  static const std::string* cache = nullptr;
+  static std::string& cache = *new std::string;
   return GiveCached(__func__, name, cache, &TCIMSchemaHelper::GetSystemName);
 }
 

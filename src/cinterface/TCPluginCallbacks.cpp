@@ -45,7 +45,8 @@ void TCPluginCallbacks::Destroy() {
 }
 
 void TCPluginCallbacks::Initialize() {
-  path_ = std::make_unique<const std::string>(plugin_->GetPath());
+  // Once: the plug-in may hold the text already when a host initialises it again.
+  if (!path_) path_ = std::make_unique<const std::string>(plugin_->GetPath());
   ThrowUnlessOK(table_.initialize(Handle()));
 }
 

@@ -4,16 +4,36 @@
 
 #include <gtest/gtest.h>
 #include <vskcore/core/TLogRecord.h>
+#include <vskcore/plugin/TPlugin.h>
 #include <vskcore/vskcore.h>
 #include <vskcore/vskplugin.h>
 
 #include <string>
+#include <vector>
 
 #include "cinterface/vskCIMValueArray.h"
 #include "cinterface/vskIOHandle.h"
 #include "support/StatusOf.h"
 #include "support/TLogCapture.h"
 #include "support/TSchema.h"
+
+// The CIM type that a C function names: "DateTime" is "datetime".
+inline std::string CIMName(std::string type) {
+  for (char& letter : type) letter = static_cast<char>(letter | 0x20);
+  return type;
+}
+
+// The plug-in behind the handle, by name alone.
+class TSpeaker : public IPluginCallbacks {
+ public:
+  std::int32_t GetType() override { return 2; }
+  std::string GetName() override { return "Sample"; }
+  std::string GetVersion() override { return "1"; }
+  std::string GetInfoText() override { return ""; }
+  void Destroy() override {}
+  void Initialize() override {}
+  void Finalize() override {}
+};
 
 // The class Sample_All has the key Id and one property for each CIM type, named after the type as
 // the C functions spell it ("Uint8"), and the arrays "Uint8s" and "Strings". Reference points to
@@ -22,7 +42,7 @@ class CFixture : public testing::Test {
  public:
   using TType = TCIMValue::TCIMType;
 
-  CFixture() : schema(container), handle{nullptr, &container, nullptr} {
+  CFixture() : schema(container), handle{&plugin, &container, nullptr} {
     TCIMClass& target = schema.Class("Sample_Target").Key("Id", TType::cimUint32).Add();
     all = &schema.Class("Sample_All")
                .With("ASSOCIATION")
@@ -57,7 +77,25 @@ class CFixture : public testing::Test {
     return value.IsNull() ? "NULL" : value.ToString(10);
   }
 
+  // The lines since the last call; what was logged for the handle's plug-in bears its name in
+  // front.
+  std::vector<std::string> ToldLines() {
+    std::vector<std::string> lines;
+    for (const TLogRecord& record : TRootObject::GetCoreLogger()->GetRecords()) {
+      lines.push_back((record.plugin == &plugin ? "Sample: " : "") + record.text);
+    }
+    log.Take();
+    return lines;
+  }
+  std::string Told() {
+    std::string joined;
+    for (const std::string& line : ToldLines()) joined += (joined.empty() ? "" : "\n") + line;
+    return joined;
+  }
+
   TLogCapture log;
+  TSpeaker speaker;
+  TPlugin plugin{&speaker};
   TContainer container;
   TSchema schema;
   TCIMClass* all;  // Sample_All

@@ -103,7 +103,8 @@ TEST_F(CReferenceTest, EachKeyFunctionBindsItsTypeAndRefusesOthers) {
     EXPECT_EQ(vskStatusOK, row.add(ref, row.type));
     EXPECT_EQ("Sample_All." + std::string(row.type) + "=\"" + row.stored + "\"", ref->GetPath());
     EXPECT_EQ(vskStatusTypeMismatch, row.add(ref, row.refusedBy));
-    EXPECT_EQ(0u, log.Take().find("Declaration type: "));
+    EXPECT_EQ("Declaration type: " + CIMName(row.refusedBy) + " Value type: " + CIMName(row.type),
+              Told());
     EXPECT_EQ(vskStatusNotFound, row.add(ref, "Absent"));
     EXPECT_EQ(vskStatusInvalidOpSequence, vskSetReferenceClassName(ref, "Sample_All"));
     EXPECT_EQ("", log.Take());
@@ -133,7 +134,7 @@ TEST_F(CReferenceTest, NullsArePlainlyTold) {
   } rows[] = {
       {vskNewCIMReference(nullptr, nullptr), "vskNewCIMReference: NULL vskIOHandle parameter"},
       {vskNewCIMReference(&made, nullptr), "vskNewCIMReference: NULL vskIOHandle parameter"},
-      {vskNewCIMReference(nullptr, &handle), "vskNewCIMReference: NULL ref parameter"},
+      {vskNewCIMReference(nullptr, &handle), "Sample: vskNewCIMReference: NULL ref parameter"},
       {vskSetReferencePath(nullptr, "x"),
        "vskSetReferencePath: NULL ref and/or objectName parameter"},
       {vskSetReferencePath(&ref, nullptr),
@@ -164,7 +165,7 @@ TEST_F(CReferenceTest, NullsArePlainlyTold) {
       {vskGetSystemCreationClassName(nullptr),
        "vskGetSystemCreationClassName: NULL name parameter"},
   };
-  const std::vector<std::string> lines = log.TakeLines();
+  const std::vector<std::string> lines = ToldLines();
   ASSERT_EQ(std::size(rows), lines.size());
   for (std::size_t i = 0; i < lines.size(); ++i) {
     EXPECT_EQ(vskStatusFail, rows[i].status) << rows[i].line;
@@ -229,14 +230,22 @@ const TElementRow kElements[] = {
 using CArrayTest = CFixture;
 
 TEST_F(CArrayTest, EachFunctionAppendsItsType) {
+  Open(1);
   vskCIMValueArray array;
   for (const TElementRow& row : kElements) {
     SCOPED_TRACE(row.type);
     ASSERT_EQ(vskStatusOK, row.append(&array));
     EXPECT_EQ(row.cimType, array.elements.back().GetType());
     EXPECT_EQ(row.stored, array.elements.back().ToString(10));
-    EXPECT_EQ(vskStatusFail, row.append(nullptr));
     const std::string type = row.type;
+    const std::string other = type == "Uint8" ? "String" : "Uint8";
+    const vskCIMValueArray alone{{array.elements.back()}};
+    EXPECT_EQ(vskStatusInvalidProperty,
+              vskAddArrayProperty(&handle, (other + "s").c_str(), &alone));
+    EXPECT_EQ("ERROR: Attempting to create array of type " + CIMName(other) +
+                  ", but element is of type " + CIMName(type) + ".",
+              Told());
+    EXPECT_EQ(vskStatusFail, row.append(nullptr));
     const bool pointer = type == "String" || type == "DateTime";
     EXPECT_EQ("vskArrayAdd" + type +
                   (pointer ? ": NULL array and/or value parameter" : ": NULL array parameter"),
@@ -253,6 +262,8 @@ TEST_F(CArrayTest, ReferencesAndNullValues) {
   ref.SetClass(*all);
   EXPECT_EQ(vskStatusOK, vskArrayAddReference(&array, &ref));
   EXPECT_EQ("Sample_All", array.elements.back().ToString(10));
+  const TCIMReference nowhere;
+  EXPECT_EQ(vskStatusInvalidReference, vskArrayAddReference(&array, &nowhere));
   EXPECT_EQ(vskStatusFail, vskArrayAddString(&array, nullptr));
   EXPECT_EQ(vskStatusFail, vskArrayAddReference(&array, nullptr));
   EXPECT_EQ(vskStatusFail, vskArrayAddDateTime(&array, nullptr));

@@ -1,4 +1,7 @@
+#include <new>
+
 #include "cinterface/CFixture.h"
+#include "support/TRedirect.h"
 
 namespace {
 
@@ -43,7 +46,20 @@ const TPropertyRow kRows[] = {
     {"String",
      [](vskIOHandle* h, const char* name) { return vskAddStringProperty(h, name, "text"); }, "text",
      "Uint8"},
+    {"DateTime",
+     [](vskIOHandle* h, const char* name) {
+       const TCIMDateTime interval(3, 12, 34, 56, 789);
+       return vskAddDateTimeProperty(h, name, &interval);
+     },
+     "00000003123456.000789:000", "String"},
 };
+
+// What refuses a NULL name: the functions that take a pointer do it themselves.
+std::string NullNameLine(const std::string& type) {
+  if (type == "String") return "vskAddStringProperty: NULL value and/or name parameter";
+  if (type == "DateTime") return "vskAddDateTimeProperty: NULL name and/or pDateTime parameter";
+  return "Sample: vskAddCIMValueProperty: NULL name parameter";
+}
 
 using CPropertyTest = CFixture;
 
@@ -57,19 +73,17 @@ TEST_F(CPropertyTest, EachTypedFunctionStoresItsTypeAndRefusesOthers) {
     const std::string before = Stored(row.refusedBy);
     EXPECT_EQ(vskStatusTypeMismatch, row.add(&handle, row.refusedBy));
     EXPECT_EQ(before, Stored(row.refusedBy));
-    const std::vector<std::string> lines = log.TakeLines();
-    ASSERT_EQ(2u, lines.size());
-    EXPECT_EQ("AddProperty: CIM class Sample_All threw exception vskStatusTypeMismatch", lines[1]);
+    EXPECT_EQ("SetValue: decl is type " + CIMName(row.refusedBy) + " but value is type " +
+                  CIMName(row.type) +
+                  "\nAddProperty: CIM class Sample_All threw exception vskStatusTypeMismatch",
+              Told());
 
     EXPECT_EQ(vskStatusNotFound, row.add(&handle, "Absent"));
-    EXPECT_EQ("AddProperty: CIM class Sample_All threw exception vskStatusNotFound", log.Take());
+    EXPECT_EQ("AddProperty: CIM class Sample_All threw exception vskStatusNotFound", Told());
     EXPECT_EQ(vskStatusFail, row.add(nullptr, row.type));
-    EXPECT_EQ("vskAddCIMValueProperty: NULL vskIOHandle parameter", log.Take());
-    const std::string nullName = std::string(row.type) == "String"
-                                     ? "vskAddStringProperty: NULL value and/or name parameter"
-                                     : "vskAddCIMValueProperty: NULL name parameter";
+    EXPECT_EQ("vskAddCIMValueProperty: NULL vskIOHandle parameter", Told());
     EXPECT_EQ(vskStatusFail, row.add(&handle, nullptr));
-    EXPECT_EQ(nullName, log.Take());
+    EXPECT_EQ(NullNameLine(row.type), Told());
   }
 }
 
@@ -77,7 +91,7 @@ TEST_F(CPropertyTest, WithoutAnOpenInstanceIsRefused) {
   for (const TPropertyRow& row : kRows) {
     SCOPED_TRACE(row.type);
     EXPECT_EQ(vskStatusInvalidClass, row.add(&handle, row.type));
-    EXPECT_EQ("vskAddProperty: no current instance", log.Take());
+    EXPECT_EQ("vskAddProperty: no current instance", Told());
   }
   EXPECT_EQ(vskStatusInvalidClass, vskAddProperty(&handle, "Id", "1"));
   EXPECT_EQ("vskAddProperty: no current instance", log.Take());
@@ -96,6 +110,8 @@ TEST_F(CPropertyTest, PointerArgumentsAreTestedBeforeTheHandle) {
   } rows[] = {
       {vskAddStringProperty(nullptr, "String", nullptr),
        "vskAddStringProperty: NULL value and/or name parameter"},
+      {vskAddStringProperty(nullptr, nullptr, "text"),
+       "vskAddStringProperty: NULL value and/or name parameter"},
       {vskAddArrayProperty(nullptr, nullptr, &array),
        "vskAddArrayProperty: NULL name and/or pArray parameter"},
       {vskAddArrayProperty(nullptr, "Uint8s", nullptr),
@@ -111,12 +127,14 @@ TEST_F(CPropertyTest, PointerArgumentsAreTestedBeforeTheHandle) {
       {vskAddDateTimeProperty(nullptr, "DateTime", nullptr),
        "vskAddDateTimeProperty: NULL name and/or pDateTime parameter"},
       {vskAddProperty(nullptr, "Id", "1"), "vskAddProperty: NULL vskIOHandle parameter"},
-      {vskAddProperty(&handle, nullptr, "1"), "vskAddProperty: NULL name and/or value parameter"},
-      {vskAddProperty(&handle, "Id", nullptr), "vskAddProperty: NULL name and/or value parameter"},
+      {vskAddProperty(&handle, nullptr, "1"),
+       "Sample: vskAddProperty: NULL name and/or value parameter"},
+      {vskAddProperty(&handle, "Id", nullptr),
+       "Sample: vskAddProperty: NULL name and/or value parameter"},
       {vskAddClass(nullptr, "Sample_All"), "vskAddClass: NULL vskIOHandle parameter"},
-      {vskAddClass(&handle, nullptr), "vskAddClass: NULL name parameter"},
+      {vskAddClass(&handle, nullptr), "Sample: vskAddClass: NULL name parameter"},
   };
-  const std::vector<std::string> lines = log.TakeLines();
+  const std::vector<std::string> lines = ToldLines();
   ASSERT_EQ(std::size(rows), lines.size());
   for (std::size_t i = 0; i < lines.size(); ++i) {
     EXPECT_EQ(vskStatusFail, rows[i].status) << rows[i].line;
@@ -132,7 +150,7 @@ TEST_F(CPropertyTest, TextIsReadAsTheDeclaredType) {
   EXPECT_EQ("2.5", Stored("Real64"));
   EXPECT_EQ(vskStatusNotFound, vskAddProperty(&handle, "Absent", "1"));
   EXPECT_EQ("vskAddProperty: CIM class Sample_All threw exception vskStatusNotFound name='Absent'",
-            log.Take());
+            Told());
   EXPECT_EQ(vskStatusInvalidDateTime, vskAddProperty(&handle, "DateTime", "yesterday"));
   EXPECT_EQ("vskAddProperty: CIM class Sample_All threw exception vskStatusInvalidDateTime",
             log.Take());
@@ -149,11 +167,14 @@ TEST_F(CPropertyTest, ValueWithoutTextIsRefusedAtEveryThreshold) {
   const TCIMValue array(TType::cimUint8, 0, {TCIMValue(TType::cimUint8, 0)});
   const TCIMValue null = TCIMValue(TType::cimUint8, 0);
   const TCIMDateTime noDateTime;
+  TCIMValue classless;  // keeps what it refused
+  EXPECT_EQ(vskStatusInvalidReference, StatusOf([&] { classless.Set(TCIMReference()); }));
   for (const int level : {2, 4}) {
     TRootObject::GetCoreLogger()->SetLevel(level);
     EXPECT_EQ(vskStatusValueIsNULL, vskAddCIMValueProperty(&handle, "Uint8", &null));
     EXPECT_EQ(vskStatusValueIsNULL, vskAddCIMValueProperty(&handle, "Uint8s", &array));
     EXPECT_EQ(vskStatusValueIsNULL, vskAddCIMValueProperty(&handle, "Reference", &reference));
+    EXPECT_EQ(vskStatusInvalidReference, vskAddCIMValueProperty(&handle, "Reference", &classless));
     EXPECT_EQ(vskStatusInvalidDateTime, vskAddDateTimeProperty(&handle, "DateTime", &noDateTime));
     EXPECT_EQ("", log.Take());
   }
@@ -187,10 +208,56 @@ TEST_F(CPropertyTest, ArraysKeepTheirElementsAndAreCopied) {
   EXPECT_EQ("{ 30, 10 }", Stored("Uint8s"));
   EXPECT_EQ(vskStatusInvalidProperty, vskAddArrayProperty(&handle, "Strings", array));
   EXPECT_EQ("ERROR: Attempting to create array of type string, but element is of type uint8.",
-            log.Take());
+            Told());
+  EXPECT_EQ(vskStatusTypeMismatch, vskAddArrayProperty(&handle, "Uint8", array));  // no array
+  EXPECT_EQ(
+      "SetValue: decl is type uint8 but value is type uint8\n"
+      "AddProperty: CIM class Sample_All threw exception vskStatusTypeMismatch",
+      Told());
   EXPECT_EQ(vskStatusNotFound, vskAddArrayProperty(&handle, "Absent", array));
   EXPECT_EQ("", log.Take());
   EXPECT_EQ(vskStatusOK, vskDeleteCIMValueArray(array));
+}
+
+TEST_F(CPropertyTest, ReferenceMustHaveTheDeclaredTypeAndClass) {
+  Open(1);
+  TCIMReference target(&container);
+  target.SetClassName("Sample_Target");
+  EXPECT_EQ(vskStatusOK, vskAddReferenceProperty(&handle, "Reference", &target));
+  EXPECT_EQ("Sample_Target", Stored("Reference"));
+  EXPECT_EQ(vskStatusTypeMismatch, vskAddReferenceProperty(&handle, "String", &target));
+  TCIMReference other(&container);
+  other.SetClass(*all);
+  EXPECT_EQ(vskStatusTypeMismatch, vskAddReferenceProperty(&handle, "Reference", &other));
+  EXPECT_EQ(vskStatusFail, vskAddReferenceProperty(nullptr, "Reference", &target));
+  const std::string refused =
+      "AddProperty: CIM class Sample_All threw exception vskStatusTypeMismatch\n";
+  EXPECT_EQ("SetValue: decl is type string but value is type reference\n" + refused +
+                "SetValue: decl references type Sample_Target but value references Sample_All\n" +
+                refused + "vskAddCIMValueProperty: NULL vskIOHandle parameter",
+            Told());
+  EXPECT_EQ("Sample_Target", Stored("Reference"));
+}
+
+TEST_F(CPropertyTest, TraceSpeaksForThePlugin) {
+  TRootObject::GetCoreLogger()->SetLevel(4);
+  EXPECT_EQ(
+      "VSK_Sample: [Verbose] vskAddClass(SAMPLE_ALL)\n"
+      "VSK_Sample: [Verbose] vskAdd<>Property(Id, value=1)\n"
+      "VSK_Sample: [Verbose] vskAddProperty(Uint16, value=0x1F)\n"
+      "VSK_Sample: [Verbose] vskAdd<>Property(boolean, value=true)\n"
+      "VSK_Sample: [Verbose] vskAdd<>Property(Uint8s, value={ 30, 10 })\n",
+      StderrOf([this] {
+        vskAddClass(&handle, "SAMPLE_ALL");
+        vskAddUint32Property(&handle, "Id", 1);
+        vskAddProperty(&handle, "Uint16", "0x1F");
+        vskAddBooleanProperty(&handle, "boolean", 7);
+        vskCIMValueArray array;
+        vskArrayAddUint8(&array, 30);
+        vskArrayAddUint8(&array, 10);
+        vskAddArrayProperty(&handle, "Uint8s", &array);
+      }));
+  TRootObject::GetCoreLogger()->SetLevel(3);
 }
 
 using CClassTest = CFixture;
@@ -202,7 +269,7 @@ TEST_F(CClassTest, NextClassAddsTheOpenInstance) {
   ASSERT_EQ(1u, all->EnumerateInstances(false).size());
   EXPECT_EQ("Sample_All.Id=\"7\"", all->EnumerateInstances(false)[0]->BuildPath().GetPath());
   EXPECT_EQ(vskStatusNotFound, vskAddClass(&handle, "Absent"));
-  EXPECT_EQ("vskAddClass: GetClass(Absent) threw exception vskStatusNotFound", log.Take());
+  EXPECT_EQ("vskAddClass: GetClass(Absent) threw exception vskStatusNotFound", Told());
   EXPECT_EQ(2u, all->EnumerateInstances(false).size());
   EXPECT_EQ(nullptr, handle.currentInstance);
 }
@@ -213,7 +280,7 @@ TEST_F(CClassTest, InstanceThatIsRefusedStaysOpen) {
   EXPECT_EQ(
       "Instance Sample_All: key property Id is NULL\n"
       "vskAddClass: CIM class Sample_All threw exception vskStatusInvalidInstance",
-      log.Take());
+      Told());
   ASSERT_EQ(vskStatusOK, vskAddUint32Property(&handle, "Id", 3));
   EXPECT_EQ(vskStatusOK, vskAddClass(&handle, "Sample_All"));
   EXPECT_EQ(1u, all->EnumerateInstances(false).size());
@@ -229,8 +296,16 @@ TEST_F(CClassTest, InstanceThatCannotBeMadeIsTold) {
       "SetValue: decl is type string but value is type datetime\n"
       "vskAddClass: Allocate instance (CIM class Sample_Broken) threw exception "
       "vskStatusTypeMismatch",
-      log.Take());
+      Told());
   EXPECT_EQ(nullptr, handle.currentInstance);
+
+  class TFullContainer : public TContainer {
+    TCIMInstance& AllocateInstance(TCIMClass*) const override { throw std::bad_alloc(); }
+  } full;
+  TSchema(full).Class("Sample_All").Key("Id", TType::cimUint32).Add();
+  handle.container = &full;
+  EXPECT_EQ(vskStatusOutOfMemory, vskAddClass(&handle, "sample_all"));
+  EXPECT_EQ("vskAddClass: CIM class Sample_All: no memory", Told());
 }
 
 }  // namespace

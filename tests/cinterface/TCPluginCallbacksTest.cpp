@@ -1,6 +1,8 @@
 #include "cinterface/TCPluginCallbacks.h"
 
 #include <gtest/gtest.h>
+#include <vskcore/core/ILogger.h>
+#include <vskcore/core/TLogRecord.h>
 #include <vskcore/core/TRootObject.h>
 #include <vskcore/model/TCIMClass.h>
 #include <vskcore/model/TCIMDateTime.h>
@@ -52,6 +54,10 @@ class TCPluginCallbacksTest : public testing::Test {
 TEST_F(TCPluginCallbacksTest, RegistersInitialisesAndAnswers) {
   TCPluginCallbacks& adapter = Load("c_answers");
   EXPECT_EQ("[2] registered (null)\n[2] initialize " + path, log.Take());
+  const char* const given = adapter.GetPath();
+  adapter.Initialize();
+  EXPECT_EQ(given, adapter.GetPath());  // the plug-in may have kept it
+  log.Take();
   EXPECT_EQ(adapter.GetPlugin(), tree.Manager().GetPlugins().front().get());
   EXPECT_EQ("c_answers", adapter.GetName());
   EXPECT_EQ("3.14", adapter.GetVersion());
@@ -63,6 +69,7 @@ TEST_F(TCPluginCallbacksTest, RegistersInitialisesAndAnswers) {
   EXPECT_EQ(vskStatusOK, vskGetHandle(adapter.Handle(), &object));
   EXPECT_EQ(static_cast<IPlugin*>(adapter.GetPlugin()), object);
   EXPECT_EQ(vskStatusFail, vskGetPluginPath(adapter.Handle(), nullptr));
+  EXPECT_EQ(adapter.GetPlugin(), TRootObject::GetCoreLogger()->GetRecords().back().plugin);
   EXPECT_EQ("vskGetPluginPath: NULL path parameter", log.Take());
 }
 
@@ -122,7 +129,10 @@ TEST_F(TCPluginCallbacksTest, SystemNameIsKeptOnceItIsKnown) {
                             .Key("Id", TCIMValue::TCIMType::cimUint32)
                             .Property("Name", TCIMValue::TCIMType::cimString)
                             .Add();
-  schema.Add(computer, {{"Id", TCIMValue(1u)}, {"Name", TCIMValue("sample")}});
+  TCIMInstance& system = schema.Add(computer, {{"Id", TCIMValue(1u)}, {"Name", TCIMValue("")}});
+  ASSERT_EQ(vskStatusOK, vskGetSystemName(&name));
+  EXPECT_STREQ("", name);  // no name yet: the next call looks again
+  system.SetPropertyValue("Name", TCIMValue("sample"));
   ASSERT_EQ(vskStatusOK, vskGetSystemName(&name));
   EXPECT_STREQ("sample", name);
   const char* again = nullptr;
