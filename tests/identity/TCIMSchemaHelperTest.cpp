@@ -56,8 +56,10 @@ const TProductRow kProducts[] = {
     {"tarvane 4100", "!"},
     {"Sample -[ABCD12X]-", "ABCD12X"},
     {"-[ABCD12X]- of long ago", "ABCD12X"},
-    {"Sample -[ABCD   ]-", "ABCDxxx"},  // blanks for a model
+    {"Sample -[ABCD   ]-", "ABCDxxx"},       // blanks for a model
+    {"-[ABCD12X]- -[EFGH34Y]-", "ABCD12X"},  // the first mark counts
     {"Sample -[ABCD]-", "ABCDxxx"},
+    {"-[ABCD]- 2", "ABCDxxx"},  // one short of the place of seven
     {"-[AB12]-", "AB12xxx"},
     {"Sample -[ABCD12X]", ""},       // too short for seven, not closed for four
     {"Sample -[ABCD12X] ends", ""},  // not closed where seven end
@@ -110,6 +112,29 @@ TEST_F(TCIMSchemaHelperTest, BIOSElementComesFirst) {
   Add(bios, "MachineTypeModel", TCIMValue(TType::cimString, 0));
   EXPECT_EQ(vskStatusNotFound, Status(TCIMSchemaHelper::GetMTM));
   EXPECT_EQ("[3] TCIMSchemaHelper: computer system instances != 1", log.Take());
+}
+
+TEST_F(TCIMSchemaHelperTest, BIOSElementIsTakenAsItIs) {
+  TCIMClass& bios = schema.Class("ZNTSG_SystemBIOSElement").Key("Id", TType::cimUint32).Add();
+  TCIMClass& texts = Declare("Sample_Texts", {"MachineTypeModel"}, &bios);
+  TCIMClass& numbers =
+      schema.Class("Sample_Numbers", &bios).Property("MachineTypeModel", TType::cimUint8).Add();
+  Add(ComputerSystem(), "ProductName", "Tarvane 4200");
+  const auto expect = [&](TCIMClass& cimClass, const TSchema::TValues& values,
+                          const std::string& mtm, vskStatus expected) {
+    TCIMInstance& only = schema.Add(cimClass, values);
+    std::string read;
+    EXPECT_EQ(expected, StatusOf([&] { read = TCIMSchemaHelper::GetMTM(&container); }));
+    EXPECT_EQ(mtm, read);
+    cimClass.RemoveInstance(only);
+  };
+  const std::pair<std::string, TCIMValue> id("Id", TCIMValue(77u));
+  expect(bios, {id}, "3729xxx", vskStatusOK);  // lacks the property
+  expect(texts, {id, {"MachineTypeModel", ""}}, "3729xxx", vskStatusOK);
+  expect(texts, {id, {"MachineTypeModel", "AB/D   and more"}}, "AB/Dxxx", vskStatusOK);
+  expect(texts, {id, {"MachineTypeModel", "AB"}}, "AB", vskStatusOK);
+  const TCIMValue number(static_cast<unsigned char>(5));
+  expect(numbers, {id, {"MachineTypeModel", number}}, "", vskStatusTypeMismatch);
 }
 
 TEST_F(TCIMSchemaHelperTest, EmptyMTMHasAMachineTypeAndNoModel) {
@@ -180,7 +205,8 @@ TEST_F(TCIMSchemaHelperTest, SinglePropertiesOfTheOnlyInstance) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.className);
     EXPECT_EQ(vskStatusNotFound, Status(row.read));
-    TCIMClass& cimClass = Declare(row.className, {row.property});
+    TCIMClass& base = schema.Class(row.className).Key("Id", TType::cimUint32).Add();
+    TCIMClass& cimClass = Declare("Sample_" + std::string(row.className), {row.property}, &base);
     EXPECT_EQ(vskStatusNotFound, Status(row.read));
     Add(cimClass, row.property, "a b ");
     EXPECT_EQ("a b ", row.read(&container));

@@ -152,6 +152,29 @@ TEST_F(AssociationTest, InstanceWalks) {
   log.Take();
 }
 
+// Of several ends that could be its own, a walk passes over the first and reports the others: for
+// the second of two disks that is the disk itself. An end of the superclass is never its own.
+TEST_F(AssociationTest, OwnEndIsPassedOverOnce) {
+  TCIMClass& span = schema.Class("Sample_Span")
+                        .With("ASSOCIATION")
+                        .Key("Id", TType::cimUint32)
+                        .Reference("A", *box)
+                        .Reference("B", *disk)
+                        .Reference("C", *disk)
+                        .Add();
+  EXPECT_EQ("Sample_Box Sample_Disk ", Names(disk->Associators("Sample_Span", "", "", "")));
+  EXPECT_EQ("Sample_Disk ", Names(disk->Associators("Sample_Span", "Sample_Disk", "", "")));
+
+  schema.Add(*box, {{"Id", Number(9)}});
+  TCIMInstance& one = schema.Add(*disk, {{"Id", Number(1)}});
+  TCIMInstance& two = schema.Add(*disk, {{"Id", Number(2)}});
+  schema.Add(span,
+             {{"Id", Number(5)}, {"A", To(*box, 9)}, {"B", To(*disk, 1)}, {"C", To(*disk, 2)}});
+  EXPECT_EQ("Sample_Box9 Sample_Disk2 ", Names(one.Associators("Sample_Span", "", "", "")));
+  EXPECT_EQ("Sample_Box9 Sample_Disk2 ", Names(two.Associators("Sample_Span", "", "", "")));
+  EXPECT_EQ("Sample_Disk2 ", Names(one.Associators("Sample_Span", "Sample_Disk", "", "")));
+}
+
 // A NULL reference is no missing target: the failure of reading it is the caller's to see.
 TEST_F(AssociationTest, NullReferenceStopsTheWalk) {
   TCIMInstance& one = schema.Add(*box, {{"Id", Number(1)}});
