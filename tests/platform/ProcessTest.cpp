@@ -87,7 +87,7 @@ TEST_F(TProcessTest, BlanksAloneMakeWordsAndNoShellReadsThem) {
 // message stays; at the end of a file it does not fail.
 TEST_F(TProcessTest, OutputAndFilesAreWhole) {
   for (const std::size_t size :
-       {0u, 1u, 255u, 256u, 257u, 512u, 16384u, 65537u, 1048576u, 1048577u}) {
+       {0u, 1u, 255u, 256u, 257u, 384u, 512u, 16384u, 65537u, 1048576u, 1048577u}) {
     SCOPED_TRACE(size);
     const string bytes = Bytes(size);
     const string path = temp.MakeFile("file", bytes);
@@ -199,6 +199,18 @@ TEST_F(TProcessTest, SignalsThatTheHostHoldsBackReachTheChild) {
   EXPECT_EQ("y", Script("printf y; kill -PIPE $$; echo survived"));
   signal(SIGPIPE, pipe);
   ASSERT_EQ(0, pthread_sigmask(SIG_SETMASK, &mask, nullptr));
+}
+
+// The host's handlers may interrupt every call of the thread that waits for the child.
+TEST_F(TProcessTest, SignalsToTheHostCutNothingShort) {
+  struct sigaction interrupting = {}, usual;
+  interrupting.sa_handler = [](int) {};
+  ASSERT_EQ(0, sigaction(SIGUSR1, &interrupting, &usual));
+  const string nudge = "for i in 1 2 3 4 5 6 7 8 9; do kill -USR1 $PPID; done\n";
+  EXPECT_EQ("ab", Script("printf a; " + nudge + nudge + "printf b"));
+  EXPECT_EQ("c", Script("printf c; exec >&- 2>&-; " + nudge + nudge + nudge + nudge));
+  EXPECT_EQ("", log.Take());
+  ASSERT_EQ(0, sigaction(SIGUSR1, &usual, nullptr));
 }
 
 // What ignores its children can't wait for them: the child must not inherit that.

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "support/StatusOf.h"
@@ -171,6 +172,30 @@ TEST_F(TUploadTest, NobodyListeningIsNoConnection) {
   for (const string& path : {local, files.Path("missing")}) {
     EXPECT_EQ(vskStatusConnectionFailed, StatusOf([&] { TOSSpecific::FTPFile(path, "name"); }));
   }
+}
+
+// A proxy is asked for a way to the server, never for the file. This one lets nobody through.
+TEST_F(TUploadTest, GoesThroughTheProxyOfTheEnvironment) {
+  const int proxy = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  ASSERT_EQ(0, listen(proxy, 1));
+  sockaddr_in address = {};
+  socklen_t size = sizeof address;
+  ASSERT_EQ(0, getsockname(proxy, reinterpret_cast<sockaddr*>(&address), &size));
+  setenv("no_proxy", "nobody.invalid", 1);
+  setenv("ftp_proxy", ("http://127.0.0.1:" + std::to_string(ntohs(address.sin_port))).c_str(), 1);
+  string request(1024, '\0');
+  std::thread asked([&] {
+    const int client = accept(proxy, nullptr, nullptr);
+    if (client == -1) return;
+    if (read(client, request.data(), request.size()) == -1) request.clear();
+    close(client);
+  });
+  EXPECT_EQ(vskStatusConnectionFailed, StatusOf([&] { TOSSpecific::FTPFile(local, "name"); }));
+  shutdown(proxy, SHUT_RDWR);  // nobody may have come
+  asked.join();
+  close(proxy);
+  unsetenv("ftp_proxy");
+  EXPECT_EQ("CONNECT 127.0.0.1:21 HTTP/1.1", request.substr(0, request.find('\r')));
 }
 
 // The loader takes its folders from the environment when a process starts: a death test of this

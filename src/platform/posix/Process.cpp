@@ -96,8 +96,9 @@ class TStandardStreams {
   bool isComplete_;
 };
 
-// Signals reach a child as they would from a shell, whatever the host holds back or ignores for
-// itself: a host's threads often block them all, and then nothing but SIGKILL would end the child.
+// Signals reach a child as they would from a shell, whatever the host holds back for itself: its
+// threads often block them all, and then nothing but SIGKILL would end the child. Of those that it
+// ignores, a child needs two: one ends a writer whom nobody reads, one tells of children's ends.
 class TSignalDefaults {
  public:
   TSignalDefaults() {
