@@ -7,21 +7,7 @@ cd "$(dirname "$0")/.."
 
 devices=10000  # makes about 50 MB of instances
 
-packages=(g++ cmake ninja-build python3 libboost-dev zlib1g-dev libcurl4-openssl-dev
-  libexpat1-dev libxml2-dev libpugixml-dev)
-missing=()
-for package in "${packages[@]}"; do
-  state=$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null || true)
-  [[ $state == "install ok installed" ]] || missing+=("$package")
-done
-if ((${#missing[@]} > 0)); then
-  if ((EUID != 0)); then
-    echo "Missing packages; as root: apt-get install ${missing[*]}" >&2
-    exit 1
-  fi
-  apt-get update -q
-  DEBIAN_FRONTEND=noninteractive apt-get install -qy --no-install-recommends "${missing[@]}"
-fi
+scripts/install-deps.sh build test ci
 
 cmake --preset release -B build/bench -DVSK_BENCH=ON -DVSK_TESTS=OFF "$@"
 cmake --build build/bench --target bench_reader bench_load bench_memory bench_property bench_scale

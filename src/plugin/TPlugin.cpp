@@ -64,15 +64,24 @@ const std::string TPlugin::GetSpecificationPath() {
 }
 
 std::vector<TCIMClass*> TPlugin::GetClassesCollected() {
-  if (classes_.empty()) throw TVSKException(vskStatusFail);
-  return classes_;
+  std::vector<TCIMClass*> present;
+  for (std::size_t i = 0; i < classes_.size(); ++i) {
+    const TContainer& container = *TRootObject::GetPluginManager()->GetContainer();
+    if (container.FindClass(classNames_[i]) == classes_[i]) present.push_back(classes_[i]);
+  }
+  if (present.empty()) throw TVSKException(vskStatusFail);
+  return present;
 }
 
 void TPlugin::SetPath(std::string path) { path_ = std::move(path); }
 
 void TPlugin::LoadSpecificationDocument() {
   TContainer& container = *TRootObject::GetPluginManager()->GetContainer();
-  classes_ = container.PopulateContainerFromFile(GetSpecificationPath());
+  std::vector<TCIMClass*> added = container.PopulateContainerFromFile(GetSpecificationPath());
+  std::vector<std::string> names;
+  for (const TCIMClass* cimClass : added) names.push_back(cimClass->GetName());
+  classes_.swap(added);
+  classNames_.swap(names);
   const TMarks marks = FindMarks(container);
   for (TCIMClass* cimClass : classes_) {
     Mark(*cimClass, *marks.name, callbacks_->GetName());

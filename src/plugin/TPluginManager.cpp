@@ -50,7 +50,9 @@ void TPluginManager::LoadPlugins() {
 void TPluginManager::LoadPlugin(std::string path) {
   if (IsLoaded(path)) return;
   vsk::detail::LogDebug(path);
-  pending_.clear();  // what registered in a load that failed, or outside of any
+  // What registered in a load that failed, or outside of any, is never listed. It is kept, because
+  // the plug-in may still log under the entry that it was given.
+  dropped_.splice(dropped_.end(), pending_);
   try {
     TOSSpecific::LoadPluginLibrary(path);
   } catch (const TVSKException&) {

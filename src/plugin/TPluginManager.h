@@ -37,6 +37,7 @@ class TPluginManager : public IPluginManager {
   std::string path_;
   std::list<boost::shared_ptr<TPlugin>> plugins_;
   std::list<boost::shared_ptr<TPlugin>> pending_;
+  std::list<boost::shared_ptr<TPlugin>> dropped_;
   TContainer container_;
 };
 

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 #include <vskcore/core/TRootObject.h>
 #include <vskcore/model/TCIMClass.h>
+#include <vskcore/model/TCIMInstance.h>
 #include <vskcore/model/TCIMQualifier.h>
 #include <vskcore/model/TContainer.h>
 #include <vskcore/plugin/IPluginCallbacks.h>
+#include <vskcore/plugin/IQueryManager.h>
 #include <vskcore/plugin/TPlugin.h>
 
 #include <filesystem>
@@ -72,6 +74,22 @@ TEST_F(TPluginManagerTest, LoadsInitialisesDocumentsAndMarks) {
   EXPECT_EQ(1U, Manager().GetPlugins().size());
 }
 
+TEST_F(TPluginManagerTest, AClassThatIsRemovedIsNoLongerThePlugins) {
+  Manager().LoadPlugin(
+      tree.Add("answers", Document({ClassText("Sample_Fan"), ClassText("Sample_Disk")})));
+  log.Take();
+  TPlugin& plugin = *Manager().GetPlugins().front();
+  Container().RemoveClass(Container().GetClass("Sample_Fan"));
+  EXPECT_EQ("Sample_Disk", Classes(plugin));
+  TRootObject::GetQueryManager()->QueryClasses(&Container(), {});
+  EXPECT_EQ(std::string::npos, log.Take().find("Sample_Fan"));
+  Container()
+      .GetClass("Sample_Disk")
+      .RemoveInstance(*Container().GetClass("Sample_Disk").EnumerateInstances(false).front());
+  Container().RemoveClass(Container().GetClass("Sample_Disk"));
+  EXPECT_EQ("(none)", Classes(plugin));
+}
+
 TEST_F(TPluginManagerTest, OneLibraryMayRegisterNoneOrTwo) {
   const std::string none = tree.Add("registers_none", Document({ClassText("Sample_Fan")}));
   const std::string two = tree.Add("registers_two", Document({ClassText("Sample_Disk")}));
@@ -102,8 +120,9 @@ TEST_F(TPluginManagerTest, WhatRegisteredBeforeALoadIsDropped) {
   Manager().LoadPlugin(tree.Add("answers", Document({ClassText("Sample_Disk")})));
   IPluginCallbacks* const callbacks = Manager().GetPlugins().front()->GetCallbacks();
   for (const char* next : {"registers_none", "fails_its_load", "type_2"}) {
-    EXPECT_EQ(callbacks, Manager().RegisterPlugin(callbacks)->GetCallbacks());
+    IPlugin* const entry = Manager().RegisterPlugin(callbacks);
     Manager().LoadPlugin(tree.Add(next));
+    EXPECT_EQ(callbacks, entry->GetCallbacks());  // dropped, and still good to log under
   }
   EXPECT_EQ("answers answers.pi.so+ Sample_Disk\ntype_2 type_2.pi.so+ (none)\n", Listed());
   log.Take();

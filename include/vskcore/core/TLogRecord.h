@@ -14,7 +14,7 @@ struct TLogRecord {
   IPlugin* plugin;         // who it is about; null for the core; not owned
   std::int32_t level;      // as the caller passed it
   std::string text;        // without prefix, tag or line feed
-  TCIMDateTime timestamp;  // local time at which the record was made
+  TCIMDateTime timestamp;  // local time; NULL for a clock that no timestamp holds
 };
 
 #endif

@@ -101,6 +101,7 @@ class VSK_EXPORT TCIMValue {
   // "false" in any case. Throws vskStatusTypeMismatch for an array or a type without a text form,
   // vskStatusInvalidDateTime for a bad date-time, and what TCIMReference(container, text) throws.
   TCIMValue(TCIMType type, std::string& text, TContainer& container);
+  // As Set into a fresh value: a cimNone passes, a scalar cimChar throws vskStatusTypeMismatch.
   TCIMValue(const TCIMValue& other);
   TCIMValue(TCIMValue&& other) noexcept;  // other is a NULL of its type afterwards
   ~TCIMValue();
@@ -134,8 +135,8 @@ class VSK_EXPORT TCIMValue {
   void Set(TCIMType type, unsigned int arraySize, const std::vector<TCIMValue>& elements);
   // Takes over other. Does nothing when the two are equal already. Throws vskStatusNotImplemented
   // where two arrays would have to be compared, vskStatusInvalidDateTime for a timestamp over an
-  // interval (this value stays), and vskStatusTypeMismatch for a type that no value can have (this
-  // value is then NULL with that type).
+  // interval (this value stays), and vskStatusTypeMismatch when the type of other has no content:
+  // cimNone, a scalar cimChar, a word that names no type (this value is then NULL with that type).
   void Set(const TCIMValue& other);
 
   // Makes this a NULL of that type. The bound is stored only with the array flag.

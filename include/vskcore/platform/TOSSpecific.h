@@ -38,9 +38,10 @@ class VSK_EXPORT TOSSpecific {
   static bool DirExists(std::string path);
   static bool FileExists(std::string path);
   // Copies a file's content over an existing one, which keeps its permissions, or to a new one with
-  // the permissions of the source. A file copied onto itself stays as it is; a failure on the way
-  // leaves the target incomplete. Throws vskStatusAccessDenied, for a directory on either side too,
-  // or vskStatusFileSystemError; what can't be opened leaves the target as it was.
+  // the permissions of the source, as far as the process's umask lets them. A file copied onto
+  // itself stays as it is; a failure on the way leaves the target incomplete. Throws
+  // vskStatusAccessDenied, for a directory on either side too, or vskStatusFileSystemError; what
+  // can't be opened leaves the target as it was.
   static void FileCopy(std::string from, std::string to);
   // In bytes. Throws vskStatusFileNotFound, for a directory too, or vskStatusFileSystemError.
   static std::uint64_t GetFileSize(std::string path);
@@ -58,7 +59,7 @@ class VSK_EXPORT TOSSpecific {
   // ".properties.xml". Throws vskStatusFail for a path without ".pi.so".
   static std::string BuildSpecificationPath(std::string pluginPath);
 
-  // The present local time as a timestamp with its UTC offset; microseconds are whole
+  // The present local time as a timestamp with the true UTC offset; microseconds are whole
   // milliseconds. Throws vskStatusInvalidDateTime for a clock outside a timestamp's range.
   static TCIMDateTime GetLocalTime();
   // The host's name. Throws vskStatusFail.

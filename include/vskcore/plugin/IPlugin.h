@@ -30,7 +30,8 @@ class VSK_EXPORT IPlugin {
   // plug-in extension.
   virtual const std::string GetSpecificationPath() = 0;
   // The classes that its document added to the container, in document order; one that stood there
-  // before is not among them. The container owns them. Throws vskStatusFail when there are none.
+  // before is not among them, nor is one that was removed since. The container owns them. Throws
+  // vskStatusFail when there are none.
   virtual std::vector<TCIMClass*> GetClassesCollected() = 0;
 };
 

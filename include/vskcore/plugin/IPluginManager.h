@@ -23,12 +23,14 @@ class VSK_EXPORT IPluginManager {
   virtual ~IPluginManager();
 
   // Loads every plug-in library one level below the library's own folder. A plug-in that fails at
-  // any stage costs only itself; the log tells, or IPlugin::IsInitialized. Throws
+  // any stage costs only itself and, when it is its document that fails, those that the same
+  // library registered behind it; the log tells, or IPlugin::IsInitialized. Throws
   // vskStatusFileSystemError when the folder can't be searched.
   virtual void LoadPlugins() = 0;
   // Loads one library, unless a listed plug-in has that very path; initialises what it registers
   // and reads its specification document. A library that can't be loaded is logged and no failure.
-  // Throws what reading the document throws; the plug-in stays listed then.
+  // Throws what reading a document throws; the plug-in stays listed then, and
+  // what its library registered behind it is dropped.
   virtual void LoadPlugin(std::string path) = 0;
   // Called by a plug-in while its library is being loaded, once for each object that it offers.
   // The object stays the plug-in's; the manager owns the entry that is returned. Outside a load it

@@ -29,14 +29,17 @@ class VSK_EXPORT TPlugin : public IPlugin {
   // Reads the specification document into the plug-in manager's container and marks the classes
   // that it added with PLUGINNAME and PLUGINVERSION. What TContainer::PopulateContainerFromFile
   // throws passes on, with the classes as they were. Without declarations of the two qualifiers it
-  // logs and throws vskStatusNotFound; the classes are stored then, unmarked.
+  // logs and throws vskStatusNotFound; the classes are stored then, unmarked. A mark of its own
+  // that the document has made not overridable throws vskStatusNotOverridable, with the classes in
+  // front of it marked.
   void LoadSpecificationDocument();
 
  private:
   IPluginCallbacks* callbacks_;
-  std::vector<TCIMClass*> classes_;
+  std::vector<TCIMClass*> classes_;  // not owned
   std::string path_;
   bool initialized_;
+  std::vector<std::string> classNames_;  // of classes_, to notice one that was removed since
 };
 
 #endif
