@@ -23,7 +23,7 @@ for file in bin/vsk lib/vskcore/libvskcore.so lib/vskcore/data/core.properties.x
   lib/pkgconfig/vskcore.pc share/man/man1/vsk.1 share/doc/vskcore/README.md; do
   [[ -s $prefix/$file ]] || fail "$file is not installed"
 done
-if grep -rIl -e "$source" -e "$work/staged" "$prefix"; then fail "these name the build's folders"; fi
+if grep -rl -e "$source" -e "$work/staged" "$prefix"; then fail "these name the build's folders"; fi
 
 "$prefix/bin/vsk" collect >"$work/report"
 expect "$work/report" '^ZNTSG_ComputerSystem'

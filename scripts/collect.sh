@@ -3,7 +3,6 @@
 #   scripts/collect.sh --class ZNTSG_ComputerSystem --json
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-# The caller may have closed or piped them; nothing below asks questions.
 scripts/install-deps.sh build
 
 build=build/collect
