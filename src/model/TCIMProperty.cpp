@@ -16,14 +16,10 @@ TCIMProperty::TCIMProperty(const TCIMPropertyDecl& declaration)
 TCIMProperty::TCIMProperty(const TCIMPropertyDecl& declaration, const TCIMValue& value)
     : impl_(new TCIMPropertyImpl(declaration, value)) {}
 TCIMProperty::TCIMProperty(const TCIMProperty& other) : impl_(new TCIMPropertyImpl(*other.impl_)) {}
-TCIMProperty::TCIMProperty(TCIMProperty&& other) noexcept
-    : impl_(std::exchange(other.impl_, nullptr)) {
-  if (impl_ != nullptr) impl_->TellOfChange();
-}
 TCIMProperty& TCIMProperty::operator=(const TCIMProperty& other) {
   if (this == &other) return *this;
   TCIMPropertyImpl* const made = new TCIMPropertyImpl(*other.impl_);
-  if (impl_ != nullptr) impl_->TellOfChange();
+  impl_->TellOfChange();
   delete std::exchange(impl_, made);
   return *this;
 }

@@ -222,16 +222,17 @@ class TIndexWorld {
     property.SetValue(ValueFor(property.GetDeclaration()));
   }
 
-  // A property that can't be copied must not be moved from: nothing could be put back.
+  // One that can't be copied any more, its declaration having changed, fails before the swap.
   static void Swap(TCIMProperty& left, TCIMProperty& right) {
     const TCIMProperty copies[] = {left, right};
     std::swap(left, right);
   }
 
-  // Away with the property's insides and back. They are another's in between.
+  // What is handed on as an rvalue is copied, and stays.
   void MoveAway(TCIMProperty& property) {
     const TCIMProperty copy(property);
     TCIMProperty away(std::move(property));
+    EXPECT_EQ(&copy.GetDeclaration(), &property.GetDeclaration());
     property = away;
     away.SetValue(ValueFor(away.GetDeclaration()));
     if (dice_.OneIn(2)) property = copy;

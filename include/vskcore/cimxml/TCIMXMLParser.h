@@ -62,8 +62,9 @@ class VSK_EXPORT TCIMXMLParser : public TXmlParser {
   // value that does not fit is left out.
   void SetQK482Mode();
 
-  // The text as a value of that type. A bad date-time is logged and becomes 1 January 1970; what
-  // cannot be read otherwise gives a value of type cimNone.
+  // The text as a value of that type. A bad date-time is logged and becomes 1 January 1970, a
+  // number or boolean that can't be read 0 or false. A type that no text gives (cimNone, char,
+  // reference, arrays) makes a value of type cimNone.
   TCIMValue ParseValue(TCIMValue::TCIMType type, std::string& text);
 
   // "true" or "false" in any case of letters, and a decimal number; leading white space and what

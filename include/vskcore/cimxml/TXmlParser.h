@@ -18,8 +18,9 @@
 // - CDATA sections, references in attribute values and a byte order mark are not read.
 //
 // The buffer belongs to the caller and must outlive Parse. It is written to: attribute names stay
-// lower-cased, and terminating NULs come and go. Names and texts given to a callback are valid
-// during that call only. A copied reader refers to the same buffer. One reader serves one thread.
+// lower-cased, and terminating NULs come and go; when a callback throws, those behind the names of
+// open elements stay. Names and texts given to a callback are valid during that call only. A copied
+// reader refers to the same buffer. One reader serves one thread.
 class VSK_EXPORT TXmlParser {
  public:
   // Name in lower case to value as written. Owned by the reader; gone after the element's end.
@@ -44,10 +45,12 @@ class VSK_EXPORT TXmlParser {
   // A syntax error. Must not return: throw. The reader then leaves everything as it is.
   virtual void FatalError(const char* const message) = 0;
 
-  // Reads one document: optional XML declaration, comments and DOCTYPE, then one element. What
-  // follows it is not looked at but for comments and processing instructions. Errors come through
-  // FatalError; a CDATA section or an unterminated comment inside the element ends the reading
-  // without a word. At most kMaxDepth elements may be open at a time.
+  // Reads one document, which begins at its first byte: an XML declaration or none; only behind
+  // one, comments, processing instructions and a DOCTYPE; then one element. What follows it is not
+  // looked at but for comments and processing instructions. Errors come through FatalError; inside
+  // the element a comment or processing instruction without an end, and any other "<!", such as a
+  // CDATA section, ends the reading without a word. At most kMaxDepth elements may be open at a
+  // time.
   void Parse(char* buffer);
 
   // The line of the present position, counted from 1 by line feeds. Has a meaning from the start

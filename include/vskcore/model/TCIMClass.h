@@ -39,7 +39,9 @@ class VSK_EXPORT TCIMClass : public ICIMElement, public ICIMAllowQualifiers {
   ~TCIMClass() override;
 
   // An abstract class passes; any other needs a property, own or inherited, whose KEY qualifier is
-  // true. Else logs and throws vskStatusInvalidClass.
+  // true. Else logs and throws vskStatusInvalidClass. KEY, ABSTRACT or
+  // ASSOCIATION of another type than boolean throw vskStatusTypeMismatch, here and in
+  // AddToContainer.
   void Validate() const override;
   // Validates this heap object, enters it in its container, which owns it on success, and links it
   // to its superclass. Throws vskStatusInvalidClass, vskStatusInvalidCIMName, and

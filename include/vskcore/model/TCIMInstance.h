@@ -32,7 +32,8 @@ struct TPeek;
 class VSK_EXPORT TCIMInstance : public ICIMElement {
  public:
   // A property named DateTimeOfCollection gets the present local time; declared with another type
-  // than datetime it makes the constructor throw vskStatusTypeMismatch.
+  // than datetime it makes the constructor throw vskStatusTypeMismatch. Null throws
+  // vskStatusInvalidClass.
   explicit TCIMInstance(TCIMClass* cimClass);
   TCIMInstance(const TCIMInstance&) = delete;
   TCIMInstance& operator=(const TCIMInstance&) = delete;

@@ -15,13 +15,13 @@ struct TPeek;
 }
 
 // A declaration, borrowed from the class, and perhaps a value of its own; without one it shows the
-// declaration's. Copies are deep. A property of an instance lives as long as the instance.
+// declaration's. Copies are deep, and there is no move: a property of an instance is never hollow.
+// It lives as long as the instance.
 class VSK_EXPORT TCIMProperty {
  public:
   explicit TCIMProperty(const TCIMPropertyDecl& declaration);                 // no value of its own
   TCIMProperty(const TCIMPropertyDecl& declaration, const TCIMValue& value);  // by SetValue
   TCIMProperty(const TCIMProperty& other);
-  TCIMProperty(TCIMProperty&& other) noexcept;
   TCIMProperty& operator=(const TCIMProperty& other);
   ~TCIMProperty();
 
@@ -42,10 +42,11 @@ class VSK_EXPORT TCIMProperty {
   // codes into words, UNITS scales ("1.5 KiloBytes") or writes an interval out, NULLDISPLAY stands
   // for NULL ("" without it), BASE picks the radix. A faulty ValueMap is logged at level 3 and
   // left out. Throws vskStatusInvalidDateTime for UNITS of "KiloSeconds" and the like,
-  // vskStatusNotSupported for a BASE that no number can have.
+  // vskStatusNotSupported for a BASE that no number can have, vskStatusValueIsNULL for a NULL among
+  // the elements of Values, ValueMap or an array.
   std::string ToString() const;
   // The same, an entry for each element of an array, one entry for a scalar. Throws
-  // vskStatusValueIsNULL for a NULL array.
+  // vskStatusValueIsNULL for a NULL array, and for a NULL element that a map is to show.
   std::vector<std::string> ToStringVector() const;
 
   // Declarations by name, then the own values: two missing are equal, a missing one is less than

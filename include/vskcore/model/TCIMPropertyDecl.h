@@ -33,7 +33,8 @@ class VSK_EXPORT TCIMPropertyDecl : public ICIMAllowQualifiers {
 
   void Validate() const;  // accepts everything
   // Adds this heap object to its class, which owns it on success; on failure the caller still
-  // does and the class is as before. Each failure is logged and throws:
+  // does and the class is as before. A class whose ASSOCIATION is no boolean throws
+  // vskStatusTypeMismatch. Each other failure is logged and throws:
   // - vskStatusNotAssociation: a reference in a class that is no association (yet);
   // - vskStatusInvalidCIMName: no CIM name;
   // - vskStatusAlreadyExists: the class has a property of that name and there is no OVERRIDE

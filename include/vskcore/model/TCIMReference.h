@@ -64,7 +64,8 @@ class VSK_EXPORT TCIMReference {
   // Binds a key. The name must be declared by the class, in any case of letters, and is kept as
   // given: only the declaration's own spelling matches an instance's path. A key that is bound
   // already keeps its value. Throws vskStatusInvalidOpSequence without a class, vskStatusNotFound
-  // for an unknown name, vskStatusTypeMismatch (logged) for a value of another type.
+  // for an unknown name, vskStatusInvalidCIMName for none at all, vskStatusTypeMismatch (logged)
+  // for a value of another type.
   void AddKeyValue(const std::string& key, const TCIMValue& value);
   // Replaces all bindings, unchecked.
   void SetKeyBindings(TKeyBindings bindings);

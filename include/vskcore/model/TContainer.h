@@ -64,8 +64,9 @@ class VSK_EXPORT TContainer {
   // Reads a CIM-XML document (a subset of DSP0201) into this container and gives the classes that
   // its declarations added, in document order; those of a message are not among them. ".gz"
   // anywhere in the path says that the file is gzip (RFC 1952). A class or qualifier that stands
-  // here already stays as it is. At the first failure reading ends; what was added until then
-  // stays, and the log has the line and the file. Throws:
+  // here already stays as it is. At the first failure reading ends, and what was added until then
+  // stays. Where the content failed, the log has the line and the file; a file that can't be read,
+  // is too large or is no good gzip is told by the status alone. Throws:
   // - vskStatusFileNotFound: no such file;
   // - vskStatusFileSystemError: it can't be opened or read;
   // - vskStatusInvalidSpecificationDocument: more than 100 MiB uncompressed, or bad XML or grammar;
