@@ -26,6 +26,7 @@ void ReadWithLibxml2(const std::string& text) {
                               const xmlChar**, int, int, const xmlChar**) {};
   handler.endElementNs = [](void*, const xmlChar*, const xmlChar*, const xmlChar*) {};
   handler.characters = [](void*, const xmlChar*, int) {};
+  handler.ignorableWhitespace = handler.characters;  // spares it a closer look at white space
   handler.processingInstruction = [](void*, const xmlChar*, const xmlChar*) {};
   if (xmlSAXUserParseMemory(&handler, nullptr, text.data(), static_cast<int>(text.size())) != 0) {
     throw std::runtime_error("libxml2 refuses the document");

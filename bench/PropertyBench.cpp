@@ -2,7 +2,6 @@
 #include <vskcore/core/TRootObject.h>
 #include <vskcore/model/TCIMClass.h>
 #include <vskcore/model/TCIMInstance.h>
-#include <vskcore/model/TCIMPropertyDecl.h>
 #include <vskcore/model/TCIMValue.h>
 #include <vskcore/model/TContainer.h>
 #include <vskcore/plugin/IPluginManager.h>
@@ -11,22 +10,18 @@
 #include <memory>
 #include <stdexcept>
 
+#include "BenchSchema.h"
 #include "BenchSupport.h"
 #include "cinterface/vskIOHandle.h"
 
 namespace {
 
+using TType = TCIMValue::TCIMType;
+
 const int kCalls = 200000;
 const char kNumber[] = "NumberOfCores";
 const char kLongNumber[] = "NumberOfLogicalProcessors";  // no string keeps it in itself
 const char kText[] = "Manufacturer";
-
-void Declare(TCIMClass& cimClass, const std::string& name, TCIMValue::ECIMType type) {
-  auto declaration =
-      std::make_unique<TCIMPropertyDecl>(name, cimClass, TCIMValue(TCIMValue::TCIMType(type), 0));
-  declaration->AddToContainer();
-  static_cast<void>(declaration.release());
-}
 
 // Some neighbours, so that a property has to be found.
 std::unique_ptr<TCIMInstance> MakeInstance(TContainer& container) {
@@ -34,15 +29,12 @@ std::unique_ptr<TCIMInstance> MakeInstance(TContainer& container) {
   std::unique_ptr<TCIMClass> processor(&container.AllocateClass("Bench_Processor", &base));
   for (const char* name :
        {"Family", "Model", "Stepping", "Microcode", "DataWidth", "MaxClockSpeed"}) {
-    Declare(*processor, name, TCIMValue::TCIMType::cimUint16);
+    Declare(*processor, name, NullOf(TType::cimUint16));
   }
-  Declare(*processor, kNumber, TCIMValue::TCIMType::cimUint32);
-  Declare(*processor, kLongNumber, TCIMValue::TCIMType::cimUint32);
-  Declare(*processor, kText, TCIMValue::TCIMType::cimString);
-  TCIMClass* added = processor.get();
-  added->AddToContainer();
-  static_cast<void>(processor.release());
-  return std::unique_ptr<TCIMInstance>(&container.AllocateInstance(added));
+  Declare(*processor, kNumber, NullOf(TType::cimUint32));
+  Declare(*processor, kLongNumber, NullOf(TType::cimUint32));
+  Declare(*processor, kText, NullOf(TType::cimString));
+  return std::unique_ptr<TCIMInstance>(&container.AllocateInstance(&Added(std::move(processor))));
 }
 
 template <typename TCall>
@@ -53,10 +45,6 @@ TContender Calling(const char* name, TCall call) {
             for (int i = 0; i < kCalls; ++i) call(static_cast<unsigned int>(i));
           },
           {}};
-}
-
-void Expect(vskStatus status) {
-  if (status != vskStatusOK) throw std::runtime_error(vskTranslateStatusCode(status));
 }
 
 void CompareNumbers(vskIOHandle& handle, const char* name) {

@@ -1,36 +1,29 @@
-// How time and memory grow with the number of instances: documents of several sizes loaded, and a
-// container filled through the C interface and walked.
-#include <vskcore/core/TRootObject.h>
+// How time grows with the number of instances: documents of several sizes loaded, and a container
+// filled through the C interface, linked and walked.
 #include <vskcore/model/ICIMElement.h>
 #include <vskcore/model/TCIMClass.h>
 #include <vskcore/model/TCIMInstance.h>
 #include <vskcore/model/TCIMProperty.h>
-#include <vskcore/model/TCIMPropertyDecl.h>
-#include <vskcore/model/TCIMQualifier.h>
 #include <vskcore/model/TCIMReference.h>
 #include <vskcore/model/TCIMValue.h>
 #include <vskcore/model/TContainer.h>
-#include <vskcore/vskplugin.h>
 
-#include <chrono>
-#include <cstdint>
+#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
+#include <ctime>
 #include <memory>
+#include <numeric>
 #include <stdexcept>
+#include <vector>
 
+#include "BenchSchema.h"
 #include "BenchSupport.h"
 #include "cinterface/vskIOHandle.h"
 
 namespace {
 
-using TType = TCIMValue::TCIMType;
-
-const int kWalks = 1000;
-
-void Expect(vskStatus status) {
-  if (status != vskStatusOK) throw std::runtime_error(vskTranslateStatusCode(status));
-}
+const std::size_t kWalks = 1000;
+const int kRuns = 9;
 
 // Loading.
 
@@ -51,89 +44,24 @@ void CompareLoads(int argc, char** argv) {
   CompareCalls("Loading ever more instances", 1, loads);
 }
 
-// Filling. Associations join devices to parts, for one with the same class at both ends registers
-// nowhere; a part is a device otherwise.
+// Filling.
 
-TCIMValue NullOf(TCIMValue::ECIMType type) { return TCIMValue(TType(type), 0); }
-
-TCIMValue NullReference(TCIMClass& target) {
-  TCIMValue null = NullOf(TType::cimReference);
-  null.SetReferencedClass(target);
-  return null;
-}
-
-template <typename TElement>
-TElement& Added(std::unique_ptr<TElement> element) {
-  element->AddToContainer();
-  return *element.release();
-}
-
-void Qualify(ICIMAllowQualifiers& holder, const TContainer& container, const char* name) {
-  auto qualifier =
-      std::make_unique<TCIMQualifier>(container.GetQualifierDecl(name), TCIMValue(true));
-  holder.AddQualifier(*qualifier);
-  static_cast<void>(qualifier.release());
-}
-
-void Declare(TCIMClass& cimClass, const char* name, const TCIMValue& value, bool key = false) {
-  auto declaration = std::make_unique<TCIMPropertyDecl>(name, cimClass, value);
-  if (key) Qualify(*declaration, cimClass.GetContainer(), "KEY");
-  Added(std::move(declaration));
-}
-
-void DeclareClasses(TContainer& container) {
-  for (const char* name : {"KEY", "ASSOCIATION"}) {
-    container
-        .AllocateQualifierDecl(name, NullOf(TType::cimBoolean), TCIMQualifierDecl::scopeNone,
-                               TCIMQualifierDecl::flavorToSubclass)
-        .AddToContainer();
+void WriteDevices(TContainer& container, std::uint32_t count) {
+  vskIOHandle handle{nullptr, &container, nullptr};
+  for (const char* className : {"Bench_Device", "Bench_Part"}) {
+    for (std::uint32_t i = 0; i < count / 2; ++i) WriteDevice(handle, className, i);
   }
-  std::unique_ptr<TCIMClass> made(&container.AllocateClass("Bench_Device", nullptr));
-  Declare(*made, "Id", NullOf(TType::cimUint32), true);
-  for (const char* name : {"Name", "Manufacturer", "SerialNumber"}) {
-    Declare(*made, name, NullOf(TType::cimString));
+  CloseQuery(handle);
+}
+
+// A ring through all of them: each has two associations.
+void LinkDevices(TContainer& container, std::uint32_t count) {
+  vskIOHandle handle{nullptr, &container, nullptr};
+  const std::uint32_t half = count / 2;
+  for (std::uint32_t i = 0; i < count; ++i) {
+    WriteDevicePart(handle, i % half, (i + i / half) % half);
   }
-  Declare(*made, "Capacity", NullOf(TType::cimUint64));
-  Declare(*made, "Speed", NullOf(TType::cimUint64));
-  Declare(*made, "Status", NullOf(TType::cimUint16));
-  Declare(*made, "Removable", NullOf(TType::cimBoolean));
-  TCIMClass& device = Added(std::move(made));
-  made.reset(&container.AllocateClass("Bench_Part", &device));
-  TCIMClass& part = Added(std::move(made));
-  made.reset(&container.AllocateClass("Bench_DevicePart", nullptr));
-  Qualify(*made, container, "ASSOCIATION");
-  Declare(*made, "Antecedent", NullReference(device), true);
-  Declare(*made, "Dependent", NullReference(part), true);
-  Added(std::move(made));
-}
-
-void WriteInstance(vskIOHandle& handle, const char* className, std::uint32_t id) {
-  const std::string number = std::to_string(id);
-  Expect(vskAddClass(&handle, className));
-  Expect(vskAddUint32Property(&handle, "Id", id));
-  Expect(vskAddStringProperty(&handle, "Name", ("Device " + number).c_str()));
-  Expect(vskAddStringProperty(&handle, "Manufacturer", "Makers of Things, Inc."));
-  Expect(vskAddStringProperty(&handle, "SerialNumber", ("SN-0000-0000-" + number).c_str()));
-  Expect(vskAddUint64Property(&handle, "Capacity", std::uint64_t{id} << 20));
-  Expect(vskAddUint64Property(&handle, "Speed", 6000000000));
-  Expect(vskAddUint16Property(&handle, "Status", static_cast<std::uint16_t>(id % 8)));
-  Expect(vskAddBooleanProperty(&handle, "Removable", id % 2));
-}
-
-void WriteReference(vskIOHandle& handle, const char* name, const char* className,
-                    std::uint32_t id) {
-  TCIMReference* reference = nullptr;
-  Expect(vskNewCIMReference(&reference, &handle));
-  Expect(vskSetReferenceClassName(reference, className));
-  Expect(vskReferenceAddUint32(reference, "Id", id));
-  Expect(vskAddReferenceProperty(&handle, name, reference));
-  Expect(vskDeleteCIMReference(reference));
-}
-
-void WriteAssociation(vskIOHandle& handle, std::uint32_t device, std::uint32_t part) {
-  Expect(vskAddClass(&handle, "Bench_DevicePart"));
-  WriteReference(handle, "Antecedent", "Bench_Device", device);
-  WriteReference(handle, "Dependent", "Bench_Part", part);
+  CloseQuery(handle);
 }
 
 void ResolveAll(const TContainer& container) {
@@ -145,65 +73,80 @@ void ResolveAll(const TContainer& container) {
   }
 }
 
-void WalkFrom(const TContainer& container, std::size_t each) {
-  const std::vector<TCIMInstance*> devices =
-      container.GetClass("Bench_Device").EnumerateInstances(false);
-  const std::size_t step = devices.size() / kWalks;
-  for (std::size_t i = 0; i < kWalks; ++i) {
-    const std::size_t found = devices[i * step]->Associators("", "", "", "").size();
-    if (found != each) throw std::runtime_error("a walk has lost something");
+// From devices that are spread evenly, so that none is in a cache.
+void WalkFrom(const std::vector<TCIMInstance*>& devices, std::size_t walks) {
+  for (std::size_t i = 0; i < walks; ++i) {
+    const TCIMInstance& device = *devices[i * devices.size() / walks];
+    if (device.Associators("", "", "", "").size() != 2) {
+      throw std::runtime_error("a walk has lost something");
+    }
   }
 }
 
-// What the end of a query does.
-void Close(vskIOHandle& handle) { Added(std::move(handle.currentInstance)); }
+const char* const kSteps[] = {"writing the instances",     "writing the associations",
+                              "resolving every reference", "the first walk",
+                              "1,000 more walks",          "destroying it all"};
+using TSeconds = std::vector<double>;
 
-template <typename TStep>
-void Time(const char* name, TStep step) {
-  const auto start = std::chrono::steady_clock::now();
-  step();
-  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-  std::printf("  %-44s %9.2f s\n", name, taken.count());
-  std::fflush(stdout);
+// The processor time of each step.
+TSeconds Fill(std::uint32_t instances) {
+  TSeconds seconds;
+  const auto time = [&](const auto& step) {
+    const std::clock_t start = std::clock();
+    step();
+    seconds.push_back(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+  };
+  auto container = std::make_unique<TContainer>();
+  DeclareDevices(*container);
+  time([&] { WriteDevices(*container, instances); });
+  time([&] { LinkDevices(*container, instances); });
+  time([&] { ResolveAll(*container); });
+  const auto devices = container->GetClass("Bench_Device").EnumerateInstances(false);
+  time([&] { WalkFrom(devices, 1); });
+  time([&] { WalkFrom(devices, kWalks); });
+  time([&] { container.reset(); });
+  return seconds;
 }
 
-// Half of the instances are devices, half are parts; every one has two associations.
-void Fill(std::uint32_t instances) {
-  const std::uint32_t half = instances / 2;
-  TContainer container;
-  DeclareClasses(container);
-  vskIOHandle handle{nullptr, &container, nullptr};
-  std::printf("\n%u instances of 8 properties and as many associations\n", instances);
-  const double empty = GetResidentBytes();
-  Time("writing the instances", [&] {
-    for (std::uint32_t id = 0; id < half; ++id) WriteInstance(handle, "Bench_Device", id);
-    for (std::uint32_t id = 0; id < half; ++id) WriteInstance(handle, "Bench_Part", id);
-    Close(handle);
-  });
-  const double filled = GetResidentBytes();
-  Time("writing the associations", [&] {
-    for (std::uint32_t i = 0; i < instances; ++i) {
-      WriteAssociation(handle, i % half, static_cast<std::uint32_t>(i * 7919ull % half));
-    }
-    Close(handle);
-  });
-  const double linked = GetResidentBytes();
-  Time("resolving every reference", [&] { ResolveAll(container); });
-  Time("Associators from 1,000 of the devices", [&] { WalkFrom(container, 2); });
-  std::printf("  %-44s %9.0f bytes each\n", "resident, an instance", (filled - empty) / instances);
-  std::printf("  %-44s %9.0f bytes each\n", "resident, an association",
-              (linked - filled) / instances);
+// The median of each step.
+TSeconds FillOften(std::uint32_t instances) {
+  std::vector<TSeconds> runs;
+  for (int run = 0; run < kRuns; ++run) runs.push_back(Fill(instances));
+  TSeconds medians = runs.front();
+  for (std::size_t step = 0; step < medians.size(); ++step) {
+    std::sort(runs.begin(), runs.end(), [step](const TSeconds& left, const TSeconds& right) {
+      return left[step] < right[step];
+    });
+    medians[step] = runs[kRuns / 2][step];
+  }
+  return medians;
+}
+
+void PrintGrowth(const char* step, double first, double last) {
+  std::printf("  %-34s %9.1f ms %9.1f ms %7.2f\n", step, first * 1e3, last * 1e3, last / first);
+}
+
+void CompareFills(std::uint32_t few, std::uint32_t many) {
+  const TSeconds first = FillOften(few);
+  const TSeconds last = FillOften(many);
+  std::printf(
+      "\nInstances of 8 properties and as many associations, medians of %d runs, processor time\n",
+      kRuns);
+  std::printf("  %-34s %12u %12u %7s\n", "", few, many, "times");
+  for (std::size_t step = 0; step < first.size(); ++step) {
+    PrintGrowth(kSteps[step], first[step], last[step]);
+  }
+  PrintGrowth("altogether", std::accumulate(first.begin(), first.end(), 0.0),
+              std::accumulate(last.begin(), last.end(), 0.0));
 }
 
 }  // namespace
 
-// Without arguments fills with 125,000 and with 1,000,000 instances, with one number fills with so
-// many; else they name a schema and documents with instances, the smallest first.
+// Without arguments fills with 125,000 and with 1,000,000 instances; with some, they name a schema
+// and documents with instances, the smallest first.
 int main(int argc, char** argv) {
   return RunBench([&] {
     if (argc > 2) return CompareLoads(argc, argv);
-    if (argc == 2) return Fill(static_cast<std::uint32_t>(std::strtoul(argv[1], nullptr, 10)));
-    Fill(125000);
-    Fill(1000000);
+    CompareFills(125000, 1000000);
   });
 }

@@ -7,7 +7,7 @@ set(VSK_PKGCONFIG_DIR lib/pkgconfig)
 
 install(DIRECTORY include/vskcore DESTINATION include COMPONENT dev FILES_MATCHING PATTERN "*.h")
 install(TARGETS vskcore EXPORT vskcore-targets
-  LIBRARY DESTINATION ${VSK_CORE_DIR} COMPONENT runtime)
+  LIBRARY DESTINATION ${VSK_CORE_DIR} COMPONENT runtime NAMELINK_COMPONENT dev)
 install(EXPORT vskcore-targets NAMESPACE vskcore:: DESTINATION ${VSK_CMAKE_DIR} COMPONENT dev)
 
 configure_package_config_file(cmake/vskcoreConfig.cmake.in

@@ -1,5 +1,7 @@
 # Build tree and installed tree have one shape, so that both run in place and can be moved:
 #   bin/vsk  lib/vskcore/libvskcore.so  lib/vskcore/data/  lib/vskcore/<plug-in>/
+# libvskcore.so is for linkers: a link to libvskcore.so.<interface>, the name that programs load, and
+# that one a link to the library under its full version.
 # lib/ is fixed, not the multi-arch folder: the host finds the library by a relative path.
 set(VSK_BIN_DIR bin)
 set(VSK_CORE_DIR lib/vskcore)

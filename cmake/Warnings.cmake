@@ -9,3 +9,9 @@ if(VSK_SANITIZE)
   add_compile_options(-fsanitize=${VSK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${VSK_SANITIZE})
 endif()
+
+# What the fuzzers look at is instrumented, and whatever is not checked otherwise ends the process.
+if(VSK_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()

@@ -36,13 +36,13 @@ std::optional<TCIMDateTime> Timestamp(const std::tm& time, std::int64_t offsetMi
 std::optional<TCIMDateTime> LocalTimestamp(std::uint64_t seconds) {
   if (seconds > 0x7FFFFFFF) return std::nullopt;
   const auto instant = static_cast<std::time_t>(seconds);
-  const std::tm* local = std::localtime(&instant);
-  if (local == nullptr) return std::nullopt;
+  std::tm local;
+  if (localtime_r(&instant, &local) == nullptr) return std::nullopt;
   // The offset is what the wall clock is ahead; the standard has no other way to ask for it.
   const std::int64_t wall =
-      DaysSince1970(local->tm_year + 1900, local->tm_mon + 1, local->tm_mday) * kSecondsPerDay +
-      local->tm_hour * 3600 + local->tm_min * 60 + local->tm_sec;
-  return Timestamp(*local, (wall - static_cast<std::int64_t>(seconds)) / 60);
+      DaysSince1970(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday) * kSecondsPerDay +
+      local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec;
+  return Timestamp(local, (wall - static_cast<std::int64_t>(seconds)) / 60);
 }
 
 std::optional<TCIMDateTime> DayTimestamp(std::uint64_t year, std::uint64_t month,

@@ -26,7 +26,8 @@ std::string Unquote(std::string_view word) {
       quote = 0;
     } else if (letter == '\\' && quote != '\'' && at + 1 < word.size()) {
       const char next = word[++at];
-      const bool quotable = quote == 0 || std::string_view("\"$`\\").find(next) != word.npos;
+      const bool quotable =
+          quote == 0 || std::string_view("\"$`\\").find(next) != std::string_view::npos;
       if (!quotable) value += letter;
       value += next;
     } else {

@@ -60,20 +60,20 @@ typedef struct vskPluginInfo {
  * initialize leaves the plug-in listed but unused; from query it is logged, and the instance that
  * is still open is dropped. finalize and destroy are called only for a host that asks for it. */
 typedef struct vskPluginCallbacks {
-  void* reserved; /* not read; set it to NULL */
-  vskStatus (*initialize)(vskPluginHandle plugin);
-  vskStatus (*finalize)(vskPluginHandle plugin);
+  void* reserved;                                  /* not read; set it to NULL */
+  vskStatus (*initialize)(vskPluginHandle plugin); /* prepare; vskGetPluginPath answers */
+  vskStatus (*finalize)(vskPluginHandle plugin);   /* undo initialize */
   /* classNames holds count names of classes that have no instances yet, all of them declared by
    * the plug-in's document; array and texts live as long as the call. */
   vskStatus (*query)(vskPluginHandle plugin, vskIOHandle* handle, const char* const* classNames,
                      int32_t count);
-  vskPluginInfo (*getInfo)(vskPluginHandle plugin);
-  vskStatus (*destroy)(vskPluginHandle plugin);
+  vskPluginInfo (*getInfo)(vskPluginHandle plugin); /* the same each time */
+  vskStatus (*destroy)(vskPluginHandle plugin);     /* the last call */
 } vskPluginCallbacks;
 
+#if defined(__GNUC__)
 /* VSK_PLUGIN(function) at file level makes the loader call void function(void) when the library is
  * loaded. Put vskRegisterPlugin there. */
-#if defined(__GNUC__)
 #define VSK_PLUGIN(register_function)                                                \
   __attribute__((constructor)) static void vskCallAtLoad_##register_function(void) { \
     register_function();                                                             \
@@ -158,6 +158,7 @@ VSK_EXPORT vskStatus vskSetDateTimeInterval(TCIMDateTime* datetime, uint32_t day
                                             uint32_t microseconds);
 /* From the 25 characters "yyyymmddHHMMSS.mmmmmm+ooo" or "ddddddddHHMMSS.mmmmmm:000". */
 VSK_EXPORT vskStatus vskSetDateTimeString(TCIMDateTime* datetime, const char* str);
+/* Ends what vskNewCIMDateTime made. */
 VSK_EXPORT vskStatus vskDeleteCIMDateTime(TCIMDateTime* datetime);
 
 /* ---- References --------------------------------------------------------------------------- */
@@ -169,6 +170,7 @@ VSK_EXPORT vskStatus vskNewCIMReference(TCIMReference** ref, vskIOHandle* handle
 VSK_EXPORT vskStatus vskSetReferencePath(TCIMReference* ref, const char* objectName);
 /* vskStatusNotFound: no such class. vskStatusInvalidOpSequence: keys stand there already. */
 VSK_EXPORT vskStatus vskSetReferenceClassName(TCIMReference* ref, const char* className);
+/* Ends what vskNewCIMReference made. */
 VSK_EXPORT vskStatus vskDeleteCIMReference(TCIMReference* ref);
 
 /* Add a key. Its name is spelled as its declaration spells it, and its type is the declared one
@@ -193,6 +195,7 @@ VSK_EXPORT vskStatus vskReferenceAddDateTime(TCIMReference* ref, const char* key
 
 /* A new array is empty. vskStatusOutOfMemory stores NULL. */
 VSK_EXPORT vskStatus vskNewCIMValueArray(vskCIMValueArray** array);
+/* Ends what vskNewCIMValueArray made. */
 VSK_EXPORT vskStatus vskDeleteCIMValueArray(vskCIMValueArray* array);
 
 /* Append a copy of the value. The types of the elements are looked at when the array is added to a

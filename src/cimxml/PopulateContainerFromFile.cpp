@@ -8,26 +8,24 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <fstream>
 #include <memory>
 #include <new>
 
 #include "core/base/Fail.h"
+#include "platform/OpenStream.h"
+
+using vsk::detail::OpenStream;
+using vsk::detail::TStream;
 
 namespace {
 
 // A whole document with a NUL behind it, as the reader wants it.
 using TBuffer = std::unique_ptr<char[]>;
 
-struct TCloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 struct TCloseGzip {
   void operator()(gzFile file) const { gzclose(file); }
 };
 
-using TFile = std::unique_ptr<std::FILE, TCloseFile>;
 using TGzipFile = std::unique_ptr<gzFile_s, TCloseGzip>;
 
 void Demand(bool condition, vskStatus status) {
@@ -49,7 +47,7 @@ TBuffer ReadPlain(const std::string& path, std::uint64_t fileSize) {
   DemandAllowedSize(fileSize);
   const auto size = static_cast<std::size_t>(fileSize);
   TBuffer buffer = AllocateFor(size);
-  const TFile file(std::fopen(path.c_str(), "r"));
+  const TStream file = OpenStream(path);
   Demand(file != nullptr, vskStatusFileSystemError);
   // Less than the whole is no error: the file may have shrunk since.
   const std::size_t got = std::fread(buffer.get(), 1, size, file.get());
@@ -64,21 +62,20 @@ std::uint32_t LittleEndian(const unsigned char (&bytes)[4]) {
 }
 
 template <std::size_t kCount>
-void ReadBytes(std::ifstream& file, unsigned char (&bytes)[kCount]) {
-  file.read(reinterpret_cast<char*>(bytes), kCount);
-  Demand(file.good(), vskStatusFileSystemError);
+void ReadBytes(std::FILE& file, unsigned char (&bytes)[kCount]) {
+  Demand(std::fread(bytes, 1, kCount, &file) == kCount, vskStatusFileSystemError);
 }
 
 // The uncompressed size by the file's last four bytes. Of the head only the signature is checked.
 std::uint32_t GzipContentSize(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  Demand(file.is_open(), vskStatusFileSystemError);
+  const TStream file = OpenStream(path);
+  Demand(file != nullptr, vskStatusFileSystemError);
   unsigned char signature[2];
-  ReadBytes(file, signature);
+  ReadBytes(*file, signature);
   Demand(signature[0] == 0x1F && signature[1] == 0x8B, vskStatusInvalidGzipFile);
   unsigned char trailer[4];
-  file.seekg(-4, std::ios::end);
-  ReadBytes(file, trailer);
+  Demand(std::fseek(file.get(), -4, SEEK_END) == 0, vskStatusFileSystemError);
+  ReadBytes(*file, trailer);
   return LittleEndian(trailer);
 }
 
@@ -86,7 +83,7 @@ TBuffer ReadGzip(const std::string& path) {
   const std::uint32_t size = GzipContentSize(path);
   DemandAllowedSize(size);
   TBuffer buffer = AllocateFor(size);
-  const TGzipFile file(gzopen(path.c_str(), "rb"));
+  const TGzipFile file(gzopen(path.c_str(), "rbe"));
   Demand(file != nullptr, vskStatusFileSystemError);
   const int got = gzread(file.get(), buffer.get(), size);
   Demand(got >= 0 && static_cast<std::uint32_t>(got) == size, vskStatusCorruptGzipFile);

@@ -6,15 +6,16 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 // One operation for each production of the grammar; each returns whether it read what it stands
-// for. An element's content is read by recursion, so the open elements are the C++ stack itself.
+// for. ParseElement reads the root element with all that is in it, tag by tag, and TLevels holds
+// the elements that are open.
 // What a callback is given points into the buffer and is terminated there for the length of the
-// call; ParseElement holds back the byte behind its element's name for as long as the element is
-// open.
+// call; the byte behind an element's name is held back for as long as the element is open.
 //
 // Nothing looks further than the terminating NUL: it is neither space nor name nor quote, so every
 // scan stops at it, and GetChar does not step over it. Scans that take eight bytes at once keep
@@ -82,20 +83,26 @@ TWord LoadWord(const char* place) {
   return word;
 }
 
-// Has the high bit of the first such byte, and of none ahead of it; 0 without any.
-constexpr TWord MarkByte(TWord word, char byte) {
-  const TWord difference = word ^ (kOnes * static_cast<unsigned char>(byte));
-  return (difference - kOnes) & ~difference & (kOnes << 7);
+// The high bit is set in the first byte that is one of those sought, and in none ahead of it; 0
+// without any. What is sought is ASCII, so bytes with a high bit of their own don't count.
+template <typename... TBytes>
+constexpr TWord MarkBytes(TWord word, TBytes... sought) {
+  const TWord borrows = (... | ((word ^ (kOnes * static_cast<unsigned char>(sought))) - kOnes));
+  return borrows & ~word & (kOnes << 7);
 }
 
-std::ptrdiff_t GetFirst(TWord marks) { return __builtin_ctzll(marks) / 8; }
+std::size_t GetFirst(TWord marks) { return static_cast<unsigned int>(__builtin_ctzll(marks)) / 8; }
 
-// "<", "&" or the end. Runs are short: most are the space between two tags.
+// "<", "&" or the end. Most runs are a line feed between two tags, or short; strcspn is faster on
+// long ones, but a call of it has to pay off.
 char* FindTextEnd(char* place, const char* limit) {
-  for (; limit - place >= kWordSize; place += kWordSize) {
+  constexpr int kFewWords = 4;
+  if (limit - place > 1 && place[1] == '<' && !Is(place[0], kTextEnd)) return place + 1;
+  for (int words = 0; words < kFewWords && limit - place >= kWordSize; ++words) {
     const TWord word = LoadWord(place);
-    const TWord marks = MarkByte(word, '<') | MarkByte(word, '&');
+    const TWord marks = MarkBytes(word, '<', '&');
     if (marks != 0) return place + GetFirst(marks);
+    place += kWordSize;
   }
   return place + std::strcspn(place, "<&");
 }
@@ -104,7 +111,7 @@ char* FindTextEnd(char* place, const char* limit) {
 char* FindValueEnd(char* place, const char* limit, char quote) {
   for (; limit - place >= kWordSize; place += kWordSize) {
     const TWord word = LoadWord(place);
-    const TWord marks = MarkByte(word, quote) | MarkByte(word, '<') | MarkByte(word, '&');
+    const TWord marks = MarkBytes(word, quote, '<', '&');
     if (marks != 0) return place + GetFirst(marks);
   }
   while (*place != quote && !Is(*place, kTextEnd)) ++place;
@@ -121,7 +128,7 @@ bool SamePart(const char* left, const char* right) {
 }
 
 // Equality for names of 4 to 16 bytes in two comparisons, whose parts may overlap.
-bool Same(std::string_view left, std::string_view right) {
+inline bool Same(std::string_view left, std::string_view right) {
   const std::size_t size = left.size();
   if (size != right.size()) return false;
   if (size < 4 || size > 16) return left == right;
@@ -133,11 +140,23 @@ bool Same(std::string_view left, std::string_view right) {
   return SamePart<std::uint64_t>(a, b) && SamePart<std::uint64_t>(a + size - 8, b + size - 8);
 }
 
-// Neither is empty.
+// Like assign, but without a call when the text was no shorter.
+void Assign(std::string& text, std::string_view value) {
+  if (text.size() < value.size()) {
+    text.assign(value);
+    return;
+  }
+  value.copy(text.data(), value.size());
+  text.erase(value.size());
+}
+
+// Names differ early: a call of memcmp would cost more than the bytes it compares.
 bool Less(std::string_view left, std::string_view right) {
-  const auto a = static_cast<unsigned char>(left.front());
-  const auto b = static_cast<unsigned char>(right.front());
-  return a != b ? a < b : left < right;
+  const std::size_t size = std::min(left.size(), right.size());
+  for (std::size_t index = 0; index < size; ++index) {
+    if (left[index] != right[index]) return left[index] < right[index];
+  }
+  return left.size() < right.size();
 }
 
 }  // namespace
@@ -148,16 +167,30 @@ struct TXmlParser::TAttribute {
   std::string_view value;
 };
 
+// One level of open elements. Its attribute maps outlive the element: siblings tend to be alike.
+// Which map a tag takes depends on the length of its attributes' names taken together: tags that
+// are alike share one, and most others don't.
+struct TXmlParser::TLevel {
+  TAttributes& GetMap(std::size_t length) { return (*maps)[length % maps->size()]; }
+
+  using TMaps = std::array<TAttributes, 16>;
+  std::unique_ptr<TMaps> maps = std::make_unique<TMaps>();
+  char* name = nullptr;  // of the open element
+  char* nameEnd = nullptr;
+  char heldBack = 0;  // what stands at nameEnd otherwise
+};
+
 // Makes a map hold exactly the attributes of one tag, whatever it held before: an entry that has
 // the same name is taken over, what is left over is kept for later ones, and so a document soon
 // costs no allocations. To meet the map in its own order, the attributes of a usual tag are sorted
 // first; the rest of a very long one goes straight into the map.
 class TXmlParser::TAttributeFiller {
  public:
-  void Start(TAttributes& target) {
-    target_ = &target;
+  void Start(TLevel& level) {
+    level_ = &level;
+    target_ = nullptr;
     count_ = 0;
-    isLong_ = false;
+    length_ = 0;
   }
 
   // Where to put the next attribute, before Add.
@@ -165,18 +198,23 @@ class TXmlParser::TAttributeFiller {
 
   // False if the name was there already.
   bool Add() {
-    if (isLong_) return target_->emplace(GetNext().name, GetNext().value).second;
+    if (target_ != nullptr) return target_->emplace(GetNext().name, GetNext().value).second;
+    length_ += GetNext().name.size();
     if (!SortLast()) return false;
     if (++count_ == kFew) {
+      target_ = &level_->GetMap(length_);
       Replace();
-      isLong_ = true;
       count_ = 0;
     }
     return true;
   }
 
-  void Finish() {
-    if (!isLong_) Replace();
+  TAttributes& Finish() {
+    if (target_ == nullptr) {
+      target_ = &level_->GetMap(length_);
+      if (count_ > 0 || !target_->empty()) Replace();
+    }
+    return *target_;
   }
 
  private:
@@ -204,7 +242,7 @@ class TXmlParser::TAttributeFiller {
   TAttributes::iterator Put(TAttributes::iterator place, const TAttribute& attribute) {
     for (; place != target_->end(); place = Drop(place)) {
       if (Same(place->first, attribute.name)) {
-        place->second.assign(attribute.value);
+        Assign(place->second, attribute.value);
         return ++place;
       }
       if (attribute.name < place->first) break;
@@ -231,28 +269,51 @@ class TXmlParser::TAttributeFiller {
     target_->insert(place, std::move(node));
   }
 
-  TAttributes* target_ = nullptr;
+  TLevel* level_ = nullptr;
+  TAttributes* target_ = nullptr;  // null until the map is filled
   std::vector<TAttributes::node_type> spare_;
   std::array<TAttribute, kFew> few_;  // count_ of them, ascending by name
   std::size_t count_ = 0;
-  bool isLong_ = false;
+  std::size_t length_ = 0;  // of all names together
 };
 
-// The open elements' attributes, level by level. The map of an element that has ended waits for
-// the next one on its level: siblings tend to be alike.
+// The open elements, and what those that have ended left behind.
 class TXmlParser::TLevels {
  public:
   bool IsFull() const { return depth_ == kMaxDepth; }
-  void Enter() { ++depth_; }
-  void Leave() { --depth_; }
-  // Of the element that is about to be entered.
-  TAttributes& GetAttributes() { return attributes_[depth_]; }
-  TAttributeFiller& GetFiller() { return filler_; }
+  bool IsEmpty() const { return depth_ == 0; }
+
+  // For the attributes of the element that is about to be entered.
+  TAttributeFiller& StartAttributes() {
+    if (depth_ == levels_.size()) levels_.emplace_back();
+    filler_.Start(levels_[depth_]);
+    return filler_;
+  }
+
+  // Terminates the name for as long as the element is open.
+  void Enter(char* name, char* nameEnd) {
+    TLevel& level = levels_[depth_++];
+    level.name = name;
+    level.nameEnd = nameEnd;
+    level.heldBack = *nameEnd;
+    *nameEnd = '\0';
+  }
+
+  // Of the innermost element.
+  std::string_view GetName() const {
+    const TLevel& level = levels_[depth_ - 1];
+    return {level.name, static_cast<std::size_t>(level.nameEnd - level.name)};
+  }
+
+  void Leave() {
+    const TLevel& level = levels_[--depth_];
+    *level.nameEnd = level.heldBack;
+  }
 
  private:
   unsigned int depth_ = 0;
   TAttributeFiller filler_;
-  std::array<TAttributes, kMaxDepth> attributes_;
+  std::vector<TLevel> levels_;
 };
 
 TXmlParser::TXmlParser()
@@ -268,6 +329,7 @@ void TXmlParser::Parse(char* buffer) {
   TLevels levels;
   ParseProlog();
   ParseElement(levels);
+  while (!levels.IsEmpty()) levels.Leave();
   while (ParseMisc()) continue;
 }
 
@@ -280,6 +342,16 @@ inline char TXmlParser::GetChar() {
   const char byte = *position_;
   if (byte != '\0') ++position_;
   return byte;
+}
+
+// Reads the next byte like GetChar; true if it is the expected one.
+inline bool TXmlParser::Accept(char expected) {
+  if (*position_ != expected) {
+    GetChar();
+    return false;
+  }
+  ++position_;
+  return true;
 }
 
 inline char TXmlParser::PeekChar() { return *position_; }
@@ -352,46 +424,53 @@ bool TXmlParser::SkipComment() {
   return SkipPast("-->");
 }
 
+// The root element, with all that is in it.
 bool TXmlParser::ParseElement(TLevels& levels) {
   if (GetChar() != '<') return Refuse("Unexpected character before element");
+  UngetChar();
+  if (!ParseStartTag(levels)) return false;
+  while (!levels.IsEmpty()) {
+    ParseCharData();
+    if (PeekChar() != '<') return Refuse("Unexpected character where element expected");
+    const char next = position_[1];
+    const bool wasRead = next == '/'   ? ParseEndTag(levels)
+                         : next == '?' ? ParseProcessingInstruction()
+                         : next == '!' ? SkipComment()
+                                       : ParseStartTag(levels);
+    if (!wasRead) return false;
+  }
+  return true;
+}
+
+inline bool TXmlParser::ParseStartTag(TLevels& levels) {
+  ++position_;
   if (levels.IsFull()) return Refuse("Elements nested too deeply");
   char* const name = position_;
   if (!ValidateName()) return false;
   char* const nameEnd = position_;
-  TAttributes none;
-  TAttributes* attributes = &none;
-  if (SkipWhitespace() && !Is(PeekChar(), kTagEnd)) {
-    attributes = &levels.GetAttributes();
-    if (!ParseAttributes(levels.GetFiller(), *attributes)) return false;
-  }
+  TAttributeFiller& filler = levels.StartAttributes();
+  if (SkipWhitespace() && !ParseAttributes(filler)) return false;
   const bool isEmpty = PeekChar() == '/';
-  if (isEmpty) GetChar();
-  if (GetChar() != '>') return Refuse("Unexpected character before end of element");
+  if (isEmpty) ++position_;
+  if (!Accept('>')) return Refuse("Unexpected character before end of element");
 
-  const char heldBack = *nameEnd;
-  if (heldBack == '\n') CountLinesTo(nameEnd + 1);  // while it can still be seen
-  *nameEnd = '\0';
-  levels.Enter();
-  StartElement(name, *attributes);
-  bool isComplete = true;
+  if (*nameEnd == '\n') CountLinesTo(nameEnd + 1);  // while it can still be seen
+  levels.Enter(name, nameEnd);
+  StartElement(name, filler.Finish());
   if (isEmpty) {
     EndElement(name);
-  } else {
-    isComplete = ParseContent(levels, {name, static_cast<std::size_t>(nameEnd - name)});
+    levels.Leave();
   }
-  levels.Leave();
-  *nameEnd = heldBack;
-  return isComplete;
+  return true;
 }
 
-// At least one, from its name to the end of the tag.
-bool TXmlParser::ParseAttributes(TAttributeFiller& filler, TAttributes& attributes) {
-  filler.Start(attributes);
-  do {
+// Up to the end of the tag.
+bool TXmlParser::ParseAttributes(TAttributeFiller& filler) {
+  while (!Is(PeekChar(), kTagEnd)) {
     if (!ParseAttribute(filler.GetNext())) return false;
     if (!filler.Add()) return Refuse("Attribute appears twice");
-  } while (SkipWhitespace() && !Is(PeekChar(), kTagEnd));
-  filler.Finish();
+    if (!SkipWhitespace()) break;
+  }
   return true;
 }
 
@@ -400,15 +479,15 @@ inline bool TXmlParser::ParseAttribute(TAttribute& attribute) {
   if (!ValidateName()) return false;
   char* const nameEnd = position_;
   SkipWhitespace();
-  if (GetChar() != '=') {
+  if (!Accept('=')) {
     return Refuse("Unexpected character between attribute name and value");
   }
   SkipWhitespace();
-  const char quote = GetChar();
+  const char quote = PeekChar();
   if (quote != '\'' && quote != '"') {
     return Refuse("Unexpected character after equals of attribute name");
   }
-  const char* const value = position_;
+  const char* const value = ++position_;
   if (!ParseAttributeValue(quote)) return false;
   for (char* letter = name; letter != nameEnd; ++letter) {
     if (*letter >= 'A' && *letter <= 'Z') *letter = ToLower(*letter);
@@ -421,10 +500,8 @@ inline bool TXmlParser::ParseAttribute(TAttribute& attribute) {
 // Reads on until behind the closing quote.
 inline bool TXmlParser::ParseAttributeValue(char quote) {
   position_ = FindValueEnd(position_, limit_, quote);
-  const char end = GetChar();
-  if (end == quote) return true;
-  if (end == '\0') return Refuse("Unterminated attribute value");
-  return Refuse("Unexpected character in attribute value");
+  if (PeekChar() == '\0') return Refuse("Unterminated attribute value");
+  return Accept(quote) || Refuse("Unexpected character in attribute value");
 }
 
 inline bool TXmlParser::ParseCharData() {
@@ -447,29 +524,16 @@ inline bool TXmlParser::ParseCharData() {
   }
 }
 
-bool TXmlParser::ParseContent(TLevels& levels, std::string_view name) {
-  while (true) {
-    ParseCharData();
-    if (GetChar() != '<') return Refuse("Unexpected character where element expected");
-    const char next = PeekChar();
-    if (next == '/') return ParseEndTag(name);
-    UngetChar();
-    const bool wasRead = next == '?'   ? ParseProcessingInstruction()
-                         : next == '!' ? SkipComment()
-                                       : ParseElement(levels);
-    if (!wasRead) return false;
-  }
-}
-
-// From its "/" on.
-inline bool TXmlParser::ParseEndTag(std::string_view name) {
-  GetChar();
+inline bool TXmlParser::ParseEndTag(TLevels& levels) {
+  const std::string_view name = levels.GetName();
+  position_ += 2;
   if (!ConsumeName(name)) {
     return ValidateName() && Refuse("Start and end element names don't match");
   }
   SkipWhitespace();
-  if (GetChar() != '>') return Refuse("Unexpected character before end of element");
+  if (!Accept('>')) return Refuse("Unexpected character before end of element");
   EndElement(name.data());
+  levels.Leave();
   return true;
 }
 

@@ -58,8 +58,10 @@ void TCPluginCallbacks::QueryClasses(TContainer* target, const std::vector<TCIMC
   vskIOHandle handle{plugin_, target, nullptr};
   // Copies: the plug-in sees the names as they were when it was asked.
   std::vector<std::string> names;
+  names.reserve(classes.size());
   for (const TCIMClass* cimClass : classes) names.push_back(cimClass->GetName());
   std::vector<const char*> texts;
+  texts.reserve(names.size());
   for (const std::string& name : names) texts.push_back(name.c_str());
   ThrowUnlessOK(
       table_.query(Handle(), &handle, texts.data(), static_cast<std::int32_t>(texts.size())));

@@ -122,7 +122,7 @@ std::string TCIMSchemaHelper::GetMTM(TContainer* container) {
     mtm = MTMFromProductName(
         ReadComputerSystem(container->FindClass(kSystemCreationClassName), "ProductName"));
   }
-  if (mtm.size() >= 7 && mtm.compare(4, 3, "   ") == 0) mtm = mtm.substr(0, 4) + "xxx";
+  if (mtm.size() >= 7 && mtm.compare(4, 3, "   ") == 0) mtm.replace(4, std::string::npos, "xxx");
   LogDebug("TCIMSchemaHelper- Detected MTM " + mtm);
   return mtm;
 }

@@ -2,8 +2,9 @@
 // the classes that it points to, and the four walks.
 //
 // Only the registration is stored. What stands at the far ends is read from the declarations, or
-// from the references of the association's instances, at each walk. A walk never changes what an
-// instance holds: where a reference has not found its target yet, it is looked up again each time.
+// from the references of the association's instances, at each walk; an index proposes which
+// instances to look at (TReferrerIndex.h). A walk never changes what an instance holds: where a
+// reference has not found its target yet, it is looked up again each time.
 #include <vskcore/model/TCIMClass.h>
 #include <vskcore/model/TCIMInstance.h>
 #include <vskcore/model/TCIMProperty.h>
@@ -12,6 +13,7 @@
 #include <vskcore/model/TContainer.h>
 
 #include <algorithm>
+#include <map>
 
 #include "core/base/Fail.h"
 #include "model/NormalizeCIMName.h"
@@ -22,6 +24,8 @@
 
 using vsk::detail::Require;
 using vsk::detail::TPeek;
+using vsk::detail::TPropertyTable;
+using vsk::detail::TReferrerIndex;
 
 namespace {
 
@@ -67,21 +71,23 @@ void AppendInstance(ICIMElement* element, std::vector<TCIMInstance*>& all) {
 }  // namespace
 
 std::vector<TCIMClass*> TCIMClassImpl::AssociationEnds() const {
-  std::vector<TCIMClass*> targets;
-  for (const auto& item : properties_->Items()) {
-    TCIMClass* target = TargetOf(*item.second);
-    if (target != nullptr) targets.push_back(target);
-  }
   std::vector<TCIMClass*> ends;
-  for (std::size_t i = 0; i < targets.size(); ++i) {
-    // An end below another end is reached from there by walking up; the same class at two ends
-    // registers nowhere.
-    bool covered = false;
-    for (std::size_t j = 0; j < targets.size(); ++j) {
-      covered = covered || (i != j && targets[i]->IsSubclassOf(targets[j]));
-    }
-    if (!covered) ends.push_back(targets[i]);
-  }
+  std::map<const TCIMClass*, int> pointedAt;
+  properties_->Visit([&](const TPropertyTable::TEntry& entry) {
+    TCIMClass* target = TargetOf(*entry.declaration);
+    if (target == nullptr) return;
+    ends.push_back(target);
+    ++pointedAt[target];
+  });
+  // An end below another end is reached from there by walking up; the same class at two ends
+  // registers nowhere.
+  const auto isCovered = [&](const TCIMClass* end) {
+    if (pointedAt[end] > 1) return true;
+    do end = end->impl_->superClass_;
+    while (end != nullptr && pointedAt.count(end) == 0);
+    return end != nullptr;
+  };
+  ends.erase(std::remove_if(ends.begin(), ends.end(), isCovered), ends.end());
   return ends;
 }
 
@@ -130,21 +136,43 @@ std::vector<TCIMClass*> TCIMClassImpl::Associators(const std::string& assocClass
 void TCIMClassImpl::AppendFarEnds(const TCIMClass& association, const TCIMClass& result,
                                   const std::string& roleKey, std::vector<TCIMClass*>& all) const {
   bool nearEndPassed = false;
-  for (const auto& [key, declaration] : association.impl_->properties_->Items()) {
-    TCIMClass* target = TargetOf(*declaration);
+  association.impl_->properties_->Visit([&](const TPropertyTable::TEntry& entry) {
+    TCIMClass* target = TargetOf(*entry.declaration);
     if (!nearEndPassed) {
-      nearEndPassed = roleKey.empty() ? target != nullptr && *target == owner_ : key == roleKey;
-      if (nearEndPassed) continue;
+      nearEndPassed =
+          roleKey.empty() ? target != nullptr && *target == owner_ : entry.key == roleKey;
+      if (nearEndPassed) return;
     }
     if (IsWithin(target, &result)) all.push_back(target);
+  });
+}
+
+std::vector<TCIMInstance*> TCIMClassImpl::EnumerateReferrers(const TCIMInstance& target) const {
+  std::vector<TCIMInstance*> all;
+  const TCIMClassImpl& targetClass = *target.GetClass().impl_;
+  const auto path = targetClass.instances_.HashPath(*targetClass.properties_, TPeek::Impl(target));
+  const TReferrerIndex* referrers = path ? instances_.GetReferrers() : nullptr;
+  const bool sure = referrers != nullptr && FindSurely(referrers->Classes());
+  if (sure) {
+    instances_.AppendTo(referrers->Find(target, *path), all);
+  } else {
+    instances_.AppendTo(all);
   }
+  return all;
+}
+
+bool TCIMClassImpl::FindSurely(const std::vector<TCIMClass*>& classes) {
+  return std::all_of(classes.begin(), classes.end(), [](const TCIMClass* cimClass) {
+    const TCIMClassImpl& impl = *cimClass->impl_;
+    return impl.instances_.FindsSurely(*impl.properties_);
+  });
 }
 
 std::vector<TCIMInstance*> TCIMInstanceImpl::References(const std::string& resultClass,
                                                         const std::string& role) const {
   std::vector<TCIMInstance*> all;
   for (const TCIMClass* association : class_.References(resultClass, role)) {
-    for (TCIMInstance* instance : association->EnumerateInstances(false)) {
+    for (TCIMInstance* instance : association->impl_->EnumerateReferrers(owner_)) {
       if (PointsHere(*instance, role)) all.push_back(instance);
     }
   }

@@ -1,5 +1,8 @@
 #include "model/NormalizeCIMName.h"
 
+#include <array>
+#include <cstddef>
+
 #include "core/base/Fail.h"
 
 namespace {
@@ -12,6 +15,16 @@ constexpr char Fold(char byte) {
   return 0;
 }
 
+// Fold of each byte: every look-up by name passes here.
+constexpr std::array<char, 256> MakeFolded() {
+  std::array<char, 256> folded{};
+  for (std::size_t byte = 0; byte < folded.size(); ++byte) {
+    folded[byte] = Fold(static_cast<char>(byte));
+  }
+  return folded;
+}
+constexpr std::array<char, 256> kFolded = MakeFolded();
+
 bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 }  // namespace
@@ -20,7 +33,7 @@ std::string NormalizeCIMName(const std::string& name) {
   std::string key(name);
   bool valid = key.empty() || !IsDigit(key.front());
   for (char& byte : key) {
-    byte = Fold(byte);
+    byte = kFolded[static_cast<unsigned char>(byte)];
     valid = valid && byte != 0;
   }
   if (!valid) vsk::detail::Fail(vskStatusInvalidCIMName, "CIM name '" + name + "' is invalid");

@@ -1,170 +1,33 @@
 #include "model/PropertyDisplay.h"
 
+#include <vskcore/core/ILogger.h>
+#include <vskcore/core/TRootObject.h>
 #include <vskcore/model/TCIMDateTime.h>
 #include <vskcore/model/TCIMPropertyDecl.h>
-#include <vskcore/model/TCIMQualifier.h>
 #include <vskcore/model/TCIMValue.h>
 
 #include <charconv>
 #include <cstdint>
-#include <limits>
-#include <utility>
 
 #include "core/base/Fail.h"
-#include "model/ScanNumber.h"
+#include "model/TCIMPropertyDeclImpl.h"
 #include "model/TPeek.h"
+#include "model/TValueMap.h"
 
 using TCIMType = TCIMValue::TCIMType;
 using vsk::detail::TPeek;
+using vsk::detail::TValueMap;
 
 namespace {
 
-constexpr TCIMValue::ECIMType kStringArray = TCIMType::cimString | TCIMType::cimArrayFlag;
-constexpr std::uint64_t kOpenEnd = std::numeric_limits<std::uint64_t>::max();
-
-// One line of a value map: the numbers from low to high, both included, read as text.
-struct TMapEntry {
-  std::uint64_t low;
-  std::uint64_t high;  // kOpenEnd until the next entry, if any, closes it
-  std::string text;
-};
-using TMapEntries = std::vector<TMapEntry>;
-
-// The value of a qualifier of the declaration; null when it is absent or NULL.
-const TCIMValue* FindValue(const TCIMPropertyDecl& declaration, const char* name) {
-  const TCIMQualifier* const qualifier = declaration.FindQualifier(name);
-  if (qualifier == nullptr || TPeek::Value(*qualifier).IsNull()) return nullptr;
-  return &TPeek::Value(*qualifier);
-}
-
-// Likewise; null also when the value is of another type.
-const TCIMValue* FindValue(const TCIMPropertyDecl& declaration, const char* name,
+// The value of a qualifier of the declaration; null when it is absent, NULL or of another type.
+const TCIMValue* FindValue(const TCIMPropertyDecl& declaration, const char* key,
                            TCIMValue::ECIMType type) {
-  const TCIMValue* const value = FindValue(declaration, name);
+  const TCIMValue* const value = TPeek::Impl(declaration).Qualifiers().FindValue(key);
   return value != nullptr && value->GetType() == type ? value : nullptr;
 }
 
 const std::vector<TCIMValue>& Elements(const TCIMValue& value) { return value; }
-
-// Tells why a value map can't be used, for whoever wrote the schema. The display goes on without.
-bool Refuse(const TCIMPropertyDecl& declaration, const char* fault) {
-  vsk::detail::LogDebug("Property " + declaration.GetName() + fault);
-  return false;
-}
-
-// Whether the next two characters that are not white space are dots.
-bool DotsFollow(const std::string& text, std::size_t place) {
-  constexpr char kSpace[] = " \t\n\v\f\r";
-  for (int dots = 0; dots < 2; ++dots, ++place) {
-    place = text.find_first_not_of(kSpace, place);
-    if (place == std::string::npos || text[place] != '.') return false;
-  }
-  return true;
-}
-
-// Turns the entries of ValueMap, in their order, into ranges. Each operation is false, and has
-// logged why, when the map is faulty.
-class TRangeReader {
- public:
-  TRangeReader(const TCIMPropertyDecl& declaration, TMapEntries& entries, std::string& catchAll)
-      : declaration_(declaration), entries_(entries), catchAll_(catchAll) {}
-
-  bool Read(const std::string& range, std::string text) {
-    if (range == "..") return ReadCatchAll(std::move(text));
-    if (range.compare(0, 2, "..") == 0) return ReadUpTo(range, std::move(text));
-    return ReadFrom(range, std::move(text));
-  }
-
- private:
-  // "..": whatever no range holds.
-  bool ReadCatchAll(std::string text) {
-    if (EndsOpen()) {
-      return Refuse(declaration_,
-                    " has a .. VALUEMAP entry after another entry that ends with ..!");
-    }
-    catchAll_ = std::move(text);
-    return true;
-  }
-
-  // "..9": from behind the entry before to that number.
-  bool ReadUpTo(const std::string& range, std::string text) {
-    if (EndsOpen()) {
-      return Refuse(declaration_,
-                    " has a ..<value> VALUEMAP entry after another entry that ends with ..!");
-    }
-    std::uint64_t high = 0;
-    std::size_t end = 2;
-    if (!ReadNumber(range, end, high)) return false;
-    entries_.push_back({next_, high, std::move(text)});
-    next_ = high + 1;
-    return true;
-  }
-
-  // "5": that number; "5..": up to the number where the next entry starts. What follows the dots
-  // is not looked at.
-  bool ReadFrom(const std::string& range, std::string text) {
-    std::uint64_t low = 0;
-    std::size_t end = 0;
-    if (!ReadNumber(range, end, low)) return false;
-    if (EndsOpen()) entries_.back().high = low - 1;
-    entries_.push_back({low, DotsFollow(range, end) ? kOpenEnd : low, std::move(text)});
-    next_ = low + 1;
-    return true;
-  }
-
-  bool ReadNumber(const std::string& range, std::size_t& place, std::uint64_t& number) const {
-    const vsk::detail::TScannedInteger scanned = vsk::detail::ScanInteger(range, place);
-    if (!scanned.found) {
-      return Refuse(declaration_, " has a VALUEMAP entry that isn't a number!");
-    }
-    place = scanned.end;
-    number = vsk::detail::ToNumber<std::uint64_t>(scanned);
-    return true;
-  }
-
-  bool EndsOpen() const { return !entries_.empty() && entries_.back().high == kOpenEnd; }
-
-  const TCIMPropertyDecl& declaration_;
-  TMapEntries& entries_;
-  std::string& catchAll_;
-  std::uint64_t next_ = 0;
-};
-
-// Values without ValueMap number their texts from 0.
-void NumberTexts(const std::vector<TCIMValue>& texts, TMapEntries& entries) {
-  for (std::uint64_t number = 0; number < texts.size(); ++number) {
-    entries.push_back({number, number, texts[number].ToString(10)});
-  }
-}
-
-// False when the property has no map, or none that can be used.
-bool BuildValueMap(const TCIMPropertyDecl& declaration, TMapEntries& entries,
-                   std::string& catchAll) {
-  const TCIMValue* const values = FindValue(declaration, "Values");
-  if (values == nullptr) return false;
-  if (values->GetType() != kStringArray) {
-    return Refuse(declaration, " has a VALUE qualifier that isn't a string!");
-  }
-  const TCIMValue* const valueMap = FindValue(declaration, "ValueMap");
-  if (valueMap != nullptr && valueMap->GetType() != kStringArray) {
-    return Refuse(declaration, " has a VALUEMAP qualifier that isn't a string!");
-  }
-  const std::vector<TCIMValue>& texts = Elements(*values);
-  entries.reserve(texts.size());
-  if (valueMap == nullptr) {
-    NumberTexts(texts, entries);
-    return true;
-  }
-  const std::vector<TCIMValue>& ranges = Elements(*valueMap);
-  if (texts.size() != ranges.size()) {
-    return Refuse(declaration, " has VALUE and VALUEMAP qualifiers that aren't the same size!");
-  }
-  TRangeReader reader(declaration, entries, catchAll);
-  for (std::size_t i = 0; i < ranges.size(); ++i) {
-    if (!reader.Read(ranges[i], texts[i].ToString(10))) return false;
-  }
-  return true;
-}
 
 bool IsUnsigned(TCIMValue::ECIMType type) {
   return type == TCIMType::cimUint8 || type == TCIMType::cimUint16 || type == TCIMType::cimUint32 ||
@@ -191,17 +54,13 @@ std::uint64_t CodeOf(const TCIMValue& value) {
 }
 
 // A code that the map doesn't know shows in decimal, whatever BASE and UNITS say.
-std::string LookUpValue(const TCIMValue& value, const TMapEntries& entries,
-                        const std::string& catchAll) {
-  const std::uint64_t number = CodeOf(value);
-  for (const TMapEntry& entry : entries) {
-    if (entry.low <= number && number <= entry.high) return entry.text;
-  }
-  return catchAll.empty() ? value.ToString(10) : catchAll;
+std::string LookUpValue(const TCIMValue& value, const TValueMap& map) {
+  const std::string* const text = map.Find(CodeOf(value));
+  return text == nullptr ? value.ToString(10) : *text;
 }
 
 std::string FormatPlainValue(const TCIMPropertyDecl& declaration, const TCIMValue& value) {
-  const TCIMValue* const base = FindValue(declaration, "BASE", TCIMType::cimUint8);
+  const TCIMValue* const base = FindValue(declaration, "base", TCIMType::cimUint8);
   return value.ToString(base == nullptr ? 10 : static_cast<unsigned char>(*base));
 }
 
@@ -265,14 +124,14 @@ std::string FormatScaled(float number, float divisor, int scale, const std::stri
 }
 
 std::string FormatNull(const TCIMPropertyDecl& declaration) {
-  const TCIMValue* const text = FindValue(declaration, "NULLDISPLAY", TCIMType::cimString);
+  const TCIMValue* const text = FindValue(declaration, "nulldisplay", TCIMType::cimString);
   return text == nullptr ? std::string() : static_cast<std::string>(*text);
 }
 
 std::string FormatValue(const TCIMPropertyDecl& declaration, const TCIMValue& value) {
   if (value.IsNull()) return FormatNull(declaration);
   if (!IsUnsigned(value.GetType())) return FormatPlainValue(declaration, value);
-  const TCIMValue* const units = FindValue(declaration, "UNITS", TCIMType::cimString);
+  const TCIMValue* const units = FindValue(declaration, "units", TCIMType::cimString);
   if (units == nullptr) return FormatPlainValue(declaration, value);
   std::string unit = *units;
   const int scale = CutScale(unit);
@@ -292,34 +151,35 @@ std::vector<std::string> FormatAllValues(const TCIMPropertyDecl& declaration,
   return texts;
 }
 
-// Whether a map of the declaration is to be used for that value; if so, the map.
-bool FindMap(const TCIMPropertyDecl& declaration, const TCIMValue& value,
-             TCIMValue::ECIMType codeType, TMapEntries& entries, std::string& catchAll) {
-  return !value.IsNull() && IsCode(codeType) && BuildValueMap(declaration, entries, catchAll);
+// Tells why a value map can't be used, for whoever wrote the schema. The display goes on without.
+void TellFault(const TCIMPropertyDecl& declaration, const char* fault) {
+  if (TRootObject::GetCoreLogger()->GetLevel() < 3) return;
+  vsk::detail::LogDebug("Property " + declaration.GetName() + fault);
+}
+
+// The map to be used for that value; null for none.
+const TValueMap* FindMap(const TCIMPropertyDecl& declaration, const TCIMValue& value,
+                         TCIMValue::ECIMType codeType) {
+  if (value.IsNull() || !IsCode(codeType)) return nullptr;
+  const TValueMap& map = TPeek::Impl(declaration).ValueMap();
+  if (map.GetFault() != nullptr) TellFault(declaration, map.GetFault());
+  return map.IsUsable() ? &map : nullptr;
 }
 
 }  // namespace
 
 std::string vsk::detail::DisplayValue(const TCIMPropertyDecl& declaration, const TCIMValue& value) {
-  TMapEntries entries;
-  std::string catchAll;
-  if (!FindMap(declaration, value, declaration.GetType(), entries, catchAll)) {
-    return FormatValue(declaration, value);
-  }
-  return LookUpValue(value, entries, catchAll);
+  const TValueMap* const map = FindMap(declaration, value, declaration.GetType());
+  return map == nullptr ? FormatValue(declaration, value) : LookUpValue(value, *map);
 }
 
 std::vector<std::string> vsk::detail::DisplayValues(const TCIMPropertyDecl& declaration,
                                                     const TCIMValue& value) {
-  TMapEntries entries;
-  std::string catchAll;
   const TCIMValue::ECIMType elementType = declaration.GetType() & ~TCIMType::cimArrayFlag;
-  if (!declaration.IsArray() || !FindMap(declaration, value, elementType, entries, catchAll)) {
-    return FormatAllValues(declaration, value);
-  }
+  const TValueMap* const map =
+      declaration.IsArray() ? FindMap(declaration, value, elementType) : nullptr;
+  if (map == nullptr) return FormatAllValues(declaration, value);
   std::vector<std::string> texts;
-  for (const TCIMValue& element : Elements(value)) {
-    texts.push_back(LookUpValue(element, entries, catchAll));
-  }
+  for (const TCIMValue& element : Elements(value)) texts.push_back(LookUpValue(element, *map));
   return texts;
 }

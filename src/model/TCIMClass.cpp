@@ -48,7 +48,7 @@ void TCIMClass::RemovePropertyDecl(TCIMPropertyDecl& declaration) {
   impl_->RemovePropertyDecl(declaration);
 }
 std::vector<const TCIMPropertyDecl*> TCIMClass::EnumeratePropertyDecls() const {
-  return impl_->Properties().Enumerate<const TCIMPropertyDecl*>();
+  return impl_->Properties().Enumerate();
 }
 std::vector<std::string> TCIMClass::EnumerateKeyNames() const { return impl_->EnumerateKeyNames(); }
 

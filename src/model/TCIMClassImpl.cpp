@@ -21,7 +21,9 @@ using vsk::detail::CountSchemaChange;
 using vsk::detail::Fail;
 using vsk::detail::IsTrue;
 using vsk::detail::Require;
+using vsk::detail::TAssociationSet;
 using vsk::detail::TPropertyLayout;
+using vsk::detail::TPropertyTable;
 
 TCIMClassImpl::TCIMClassImpl(TCIMClass& owner, TContainer& container, std::string name,
                              TCIMClass* superClass)
@@ -36,17 +38,17 @@ TCIMClassImpl::TCIMClassImpl(TCIMClass& owner, TContainer& container, std::strin
 }
 
 TCIMClassImpl::~TCIMClassImpl() {
+  CountSchemaChange();
   if (inContainer_ && !container_.impl_->IsClosing()) superClass_->impl_->RemoveSubClass(owner_);
 }
 
 void TCIMClassImpl::Validate() const {
   if (IsAbstract()) return;
-  const auto& items = properties_->Items();
-  if (std::any_of(items.begin(), items.end(),
-                  [](const auto& item) { return item.second->impl_->IsKey(); })) {
-    return;
-  }
-  Fail(vskStatusInvalidClass, "Class " + name_ + " has no keys");
+  bool hasKey = false;
+  properties_->Visit([&](const TPropertyTable::TEntry& entry) {
+    hasKey = hasKey || entry.declaration->impl_->IsKey();
+  });
+  if (!hasKey) Fail(vskStatusInvalidClass, "Class " + name_ + " has no keys");
 }
 
 void TCIMClassImpl::AddToContainer() {
@@ -54,14 +56,14 @@ void TCIMClassImpl::AddToContainer() {
   const std::string key = container_.impl_->CheckNewClass(owner_);  // refuses the root class
   const std::vector<TCIMClass*> ends =
       IsAssociation() ? AssociationEnds() : std::vector<TCIMClass*>();
-  for (TCIMClass* end : ends) end->impl_->associations_.MakeRoom();
-  std::vector<std::string> keys(ends.size(), key);
+  std::vector<TAssociationSet> links(ends.size());
+  for (TAssociationSet& link : links) link.Add(key, owner_);
   superClass_->impl_->MakeRoomForSubClass();
   container_.AddClass(owner_);  // nothing fails any more from here on
   superClass_->impl_->subClasses_.push_back(&owner_);
   inContainer_ = true;
   for (std::size_t i = 0; i < ends.size(); ++i) {
-    ends[i]->impl_->associations_.Add(std::move(keys[i]), owner_);
+    ends[i]->impl_->associations_.Merge(links[i]);
   }
 }
 
@@ -148,16 +150,16 @@ void TCIMClassImpl::RemovePropertyDecl(const TCIMPropertyDecl& declaration) {
   layout_.reset();
 }
 
-TCIMClassImpl::TPropertyTable& TCIMClassImpl::OwnProperties() {
+TPropertyTable& TCIMClassImpl::OwnProperties() {
   if (properties_.use_count() > 1) properties_ = boost::make_shared<TPropertyTable>(*properties_);
   return *properties_;
 }
 
 std::vector<std::string> TCIMClassImpl::EnumerateKeyNames() const {
   std::vector<std::string> names;
-  for (const auto& item : properties_->Items()) {
-    if (item.second->impl_->IsKey()) names.push_back(item.second->GetName());
-  }
+  properties_->Visit([&](const TPropertyTable::TEntry& entry) {
+    if (entry.declaration->impl_->IsKey()) names.push_back(entry.declaration->GetName());
+  });
   return names;
 }
 
@@ -179,8 +181,8 @@ TCIMInstance* TCIMClassImpl::FindInstance(const TCIMReference& reference) const 
   return instances_.Find(*properties_, reference);
 }
 
-void TCIMClassImpl::KeyChanges(const TCIMInstanceImpl& instance) noexcept {
-  instances_.KeyChanges(instance.GetPosition());
+void TCIMClassImpl::InstanceChanges(const TCIMInstanceImpl& instance) noexcept {
+  instances_.Changes(instance.GetPosition());
 }
 
 std::vector<TCIMInstance*> TCIMClassImpl::EnumerateInstances(bool deep) const {

@@ -9,8 +9,8 @@
 #include "model/TAssociationSet.h"
 #include "model/TCIMElementImpl.h"
 #include "model/TInstanceList.h"
-#include "model/TNameTable.h"
 #include "model/TPropertyLayout.h"
+#include "model/TPropertyTable.h"
 #include "model/TQualifierTable.h"
 
 class TCIMClass;
@@ -46,7 +46,7 @@ class TCIMClassImpl final : public TCIMElementImpl {
 
   void AddPropertyDecl(TCIMPropertyDecl& declaration);
   void RemovePropertyDecl(const TCIMPropertyDecl& declaration);
-  const vsk::detail::TNameTable<TCIMPropertyDecl>& Properties() const { return *properties_; }
+  const vsk::detail::TPropertyTable& Properties() const { return *properties_; }
   std::vector<std::string> EnumerateKeyNames() const;
   // What instances made now carry.
   boost::shared_ptr<const vsk::detail::TPropertyLayout> Layout();
@@ -54,24 +54,25 @@ class TCIMClassImpl final : public TCIMElementImpl {
   void AddInstance(TCIMInstance& instance);
   void RemoveInstance(TCIMInstance& instance);
   TCIMInstance* FindInstance(const TCIMReference& reference) const;
-  // A key of the instance is about to change.
-  void KeyChanges(const TCIMInstanceImpl& instance) noexcept;
+  // A watched property of the instance is about to change.
+  void InstanceChanges(const TCIMInstanceImpl& instance) noexcept;
   std::vector<TCIMInstance*> EnumerateInstances(bool deep) const;
 
   std::vector<TCIMClass*> References(const std::string& resultClass, const std::string& role) const;
   std::vector<TCIMClass*> Associators(const std::string& assocClass, const std::string& resultClass,
                                       const std::string& role, const std::string& resultRole) const;
+  // Of the instances of this association all that may refer to the target, in the order of the
+  // list. The look at any other would neither find it nor fail.
+  std::vector<TCIMInstance*> EnumerateReferrers(const TCIMInstance& target) const;
   const vsk::detail::TAssociationSet& Associations() const { return associations_; }
 
  private:
-  using TPropertyTable = vsk::detail::TNameTable<TCIMPropertyDecl>;
-
   void MakeRoomForSubClass();  // so that appending one can't fail
   void RemoveSubClass(const TCIMClass& subClass);
   // Whether the declaration may take the place of what is present under its name, null for nothing.
   void CheckOverride(const TCIMPropertyDecl& declaration, const TCIMPropertyDecl* present) const;
   // The table for a change: this class's own from here on.
-  TPropertyTable& OwnProperties();
+  vsk::detail::TPropertyTable& OwnProperties();
 
   // Where this class registers, being an association.
   std::vector<TCIMClass*> AssociationEnds() const;
@@ -79,6 +80,8 @@ class TCIMClassImpl final : public TCIMElementImpl {
   // superclasses, as far as it derives from associationClass (null: nothing does).
   template <typename TVisit>
   void VisitAssociations(const TCIMClass* associationClass, TVisit&& visit) const;
+  // Whether the look-up in each of these fails for no reference whose comparison can't.
+  static bool FindSurely(const std::vector<TCIMClass*>& classes);
   // All ends of the association but this class's own, as far as they derive from result.
   void AppendFarEnds(const TCIMClass& association, const TCIMClass& result,
                      const std::string& roleKey, std::vector<TCIMClass*>& all) const;
@@ -90,7 +93,7 @@ class TCIMClassImpl final : public TCIMElementImpl {
   vsk::detail::TQualifierTable qualifiers_;
   // The superclass's until this class makes its first change: a subclass costs a pointer. Whoever
   // changes a table that others hold makes its own copy first, the superclass too.
-  boost::shared_ptr<TPropertyTable> properties_;
+  boost::shared_ptr<vsk::detail::TPropertyTable> properties_;
   boost::shared_ptr<const vsk::detail::TPropertyLayout> layout_;  // null until asked for
   std::vector<TCIMClass*> subClasses_;  // in the order in which they joined
   vsk::detail::TAssociationSet associations_;

@@ -91,7 +91,7 @@ TCIMReference TCIMInstanceImpl::BuildPath() const {
   return path;
 }
 
-void TCIMInstanceImpl::KeyChanges() noexcept { class_.impl_->KeyChanges(*this); }
+void TCIMInstanceImpl::PropertyChanges() noexcept { class_.impl_->InstanceChanges(*this); }
 
 bool TCIMInstanceImpl::operator==(const TCIMInstanceImpl& other) const {
   if (&class_ != &other.class_ || properties_.size() != other.properties_.size()) return false;
@@ -103,5 +103,5 @@ bool TCIMInstanceImpl::operator==(const TCIMInstanceImpl& other) const {
 }
 
 bool TCIMInstanceImpl::operator<(const TCIMInstanceImpl& other) const {
-  return std::less<const TCIMClass*>()(&class_, &other.class_);
+  return std::less<>()(&class_, &other.class_);
 }

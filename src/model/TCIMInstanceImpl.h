@@ -16,7 +16,7 @@
 class TCIMClass;
 class TCIMInstance;
 
-// The index of the class's instances reaches in to look keys up and for the position;
+// The indexes of the class's instances reach in for the properties and for the position;
 // TCIMReferenceImpl watches, by a weak pointer, whether the object still lives.
 class TCIMInstanceImpl final : public TCIMElementImpl {
  public:
@@ -37,6 +37,7 @@ class TCIMInstanceImpl final : public TCIMElementImpl {
   // The name is normalised already.
   TCIMProperty* FindKey(const std::string& key) const;
   std::vector<const TCIMProperty*> EnumerateProperties() const;
+  std::vector<TCIMProperty>& Properties() { return properties_; }
 
   TCIMReference BuildPath() const;
 
@@ -50,8 +51,8 @@ class TCIMInstanceImpl final : public TCIMElementImpl {
   bool IsListed() const { return position_ != kNowhere; }
   std::size_t GetPosition() const { return position_; }
   void SetPosition(std::size_t position) { position_ = position; }
-  // A key is about to change, as asked for by TCIMPropertyImpl::TellOfNextChange.
-  void KeyChanges() noexcept;
+  // One is about to change, as asked for by TCIMPropertyImpl::TellOfNextChange.
+  void PropertyChanges() noexcept;
 
   bool operator==(const TCIMInstanceImpl& other) const;
   bool operator<(const TCIMInstanceImpl& other) const;

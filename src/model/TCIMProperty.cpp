@@ -18,7 +18,7 @@ TCIMProperty::TCIMProperty(const TCIMPropertyDecl& declaration, const TCIMValue&
 TCIMProperty::TCIMProperty(const TCIMProperty& other) : impl_(new TCIMPropertyImpl(*other.impl_)) {}
 TCIMProperty& TCIMProperty::operator=(const TCIMProperty& other) {
   if (this == &other) return *this;
-  TCIMPropertyImpl* const made = new TCIMPropertyImpl(*other.impl_);
+  auto* const made = new TCIMPropertyImpl(*other.impl_);
   impl_->TellOfChange();
   delete std::exchange(impl_, made);
   return *this;

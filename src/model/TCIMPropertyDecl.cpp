@@ -3,6 +3,11 @@
 #include <boost/make_shared.hpp>
 
 #include "model/TCIMPropertyDeclImpl.h"
+#include "model/TPeek.h"
+
+const TCIMPropertyDeclImpl& vsk::detail::TPeek::Impl(const TCIMPropertyDecl& declaration) {
+  return *declaration.impl_;
+}
 
 TCIMPropertyDecl::TCIMPropertyDecl(const std::string& name, TCIMClass& owningClass,
                                    const TCIMValue& value)

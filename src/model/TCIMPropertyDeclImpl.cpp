@@ -25,6 +25,13 @@ void TCIMPropertyDeclImpl::SetValue(const TCIMValue& value) {
   value_ = value;
 }
 
+const vsk::detail::TValueMap& TCIMPropertyDeclImpl::ValueMap() const {
+  if (!valueMap_ || !valueMap_->IsCurrent()) {
+    valueMap_ = std::make_unique<const vsk::detail::TValueMap>(qualifiers_);
+  }
+  return *valueMap_;
+}
+
 bool TCIMPropertyDeclImpl::operator==(const TCIMPropertyDeclImpl& other) const {
   return NormalizeCIMName(name_) == NormalizeCIMName(other.name_);
 }

@@ -4,14 +4,16 @@
 
 #include <vskcore/model/TCIMValue.h>
 
+#include <memory>
 #include <string>
 
 #include "model/TQualifierTable.h"
+#include "model/TValueMap.h"
 
 class TCIMClass;
 class TCIMPropertyDecl;
 
-// TCIMClassImpl reaches in for IsKey.
+// TCIMClassImpl reaches in for IsKey, the display for the qualifiers and ValueMap.
 class TCIMPropertyDeclImpl {
  public:
   TCIMPropertyDeclImpl(TCIMPropertyDecl& owner, const std::string& name, TCIMClass& owningClass,
@@ -29,6 +31,11 @@ class TCIMPropertyDeclImpl {
   TCIMClass& GetClass() const { return class_; }
 
   vsk::detail::TQualifierTable& Qualifiers() { return qualifiers_; }
+  const vsk::detail::TQualifierTable& Qualifiers() const { return qualifiers_; }
+
+  // Made at the first use and kept; valid until the next change to the schema. Throws as making it
+  // does.
+  const vsk::detail::TValueMap& ValueMap() const;
 
   // Whether KEY is there and true, as IsTrue tells.
   bool IsKey() const { return vsk::detail::IsTrue(qualifiers_.FindKey("key")); }
@@ -42,6 +49,7 @@ class TCIMPropertyDeclImpl {
   TCIMClass& class_;
   TCIMValue value_;
   vsk::detail::TQualifierTable qualifiers_;
+  mutable std::unique_ptr<const vsk::detail::TValueMap> valueMap_;
 };
 
 #endif

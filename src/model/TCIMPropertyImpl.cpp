@@ -55,8 +55,8 @@ void TCIMPropertyImpl::SetValue(const TCIMValue& value) {
 }
 
 void TCIMPropertyImpl::TellOfChange() noexcept {
-  TCIMInstanceImpl* const instance = std::exchange(keyOf_, nullptr);
-  if (instance != nullptr) instance->KeyChanges();
+  TCIMInstanceImpl* const instance = std::exchange(watcher_, nullptr);
+  if (instance != nullptr) instance->PropertyChanges();
 }
 
 bool TCIMPropertyImpl::operator==(const TCIMPropertyImpl& other) const {

@@ -22,8 +22,8 @@ class TCIMPropertyImpl {
   const TCIMValue& GetValue() const { return HasOwnValue() ? value_ : declaration_->GetValue(); }
   void SetValue(const TCIMValue& value);
 
-  // This stands for a key of that instance, which is told of the next change, and of no other.
-  void TellOfNextChange(TCIMInstanceImpl& instance) { keyOf_ = &instance; }
+  // This stands in that instance, which is told of the next change, and of no other.
+  void TellOfNextChange(TCIMInstanceImpl& instance) { watcher_ = &instance; }
   // Value or declaration are about to change, or this is about to leave the instance.
   void TellOfChange() noexcept;
 
@@ -35,7 +35,7 @@ class TCIMPropertyImpl {
   static constexpr TCIMValue::ECIMType kNoValue = TCIMValue::TCIMType::cimChar;
 
   const TCIMPropertyDecl* declaration_;
-  TCIMInstanceImpl* keyOf_ = nullptr;  // who wants to be told
+  TCIMInstanceImpl* watcher_ = nullptr;  // who wants to be told
   TCIMValue value_{kNoValue, 0};
 };
 

@@ -9,6 +9,7 @@
 #include "core/base/Fail.h"
 #include "model/ScanNumber.h"
 #include "model/TPeek.h"
+#include "model/TakeApart.h"
 #include "model/TypeName.h"
 
 using TCIMType = TCIMValue::TCIMType;
@@ -124,6 +125,7 @@ void TCIMValue::Store(ECIMType type, const TArgument& content) {
   TCIMValueImpl* const made = new TImpl(content);
   delete std::exchange(impl_, made);
   type_ = type;
+  // cppcheck-suppress memleak ; impl_ has it
 }
 
 const TCIMValueImpl& TCIMValue::Content(ECIMType expected) const {
@@ -173,10 +175,16 @@ TCIMValue::TCIMValue(TCIMValue&& other) noexcept
       impl_(std::exchange(other.impl_, nullptr)),
       referencedClass_(other.IsReference() ? other.referencedClass_ : nullptr) {}
 
-TCIMValue::~TCIMValue() { delete impl_; }
+TCIMValue::~TCIMValue() {
+  if (impl_ == nullptr || !IsArray()) {
+    delete impl_;
+  } else {
+    vsk::detail::TakeApart(static_cast<TCIMArrayValueImpl*>(impl_), &TCIMArrayValueImpl::nextToGo_);
+  }
+}
 
 TCIMValue& TCIMValue::operator=(const TCIMValue& other) {
-  Set(other);
+  Set(other);  // NOLINT(bugprone-unhandled-self-assignment): it compares first
   return *this;
 }
 

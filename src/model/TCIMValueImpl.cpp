@@ -54,6 +54,31 @@ std::string PrintNumber(TNumber number, unsigned char radix) {
   }
 }
 
+// How deep this thread is in arrays that lie in arrays, directly or as keys of paths. Nobody means
+// to make those, but nothing prevents it.
+class TNesting {
+ public:
+  TNesting() {
+    if (depth_ == kMostNested) Refuse(vskStatusNotSupported);
+    ++depth_;
+  }
+  ~TNesting() { --depth_; }
+  TNesting(const TNesting&) = delete;
+  TNesting& operator=(const TNesting&) = delete;
+
+ private:
+  static constexpr int kMostNested = 64;
+
+  static thread_local int depth_;
+};
+
+thread_local int TNesting::depth_ = 0;
+
+std::vector<TCIMValue> CopyOf(const std::vector<TCIMValue>& elements) {
+  const TNesting nesting;
+  return elements;
+}
+
 }  // namespace
 
 TCIMValueImpl::~TCIMValueImpl() = default;
@@ -240,12 +265,14 @@ bool TCIMDateTimeValueImpl::operator<(const TCIMValue& other) const {
 // Arrays.
 
 TCIMArrayValueImpl::TCIMArrayValueImpl(const std::vector<TCIMValue>& elements)
-    : elements_(elements) {}
-TCIMArrayValueImpl::TCIMArrayValueImpl(const TCIMArrayValueImpl&) = default;
+    : elements_(CopyOf(elements)) {}
+TCIMArrayValueImpl::TCIMArrayValueImpl(const TCIMArrayValueImpl& other)
+    : TCIMArrayValueImpl(other.elements_) {}
 
 TCIMArrayValueImpl::operator std::vector<TCIMValue>&() const { return elements_; }
 
 std::string TCIMArrayValueImpl::ToString(unsigned char radix) const {
+  const TNesting nesting;
   std::string text = "{ ";
   for (const TCIMValue& element : elements_) {
     if (&element != &elements_.front()) text += ", ";

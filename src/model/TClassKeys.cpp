@@ -29,12 +29,12 @@ bool IsPlain(TCIMValue::ECIMType type) {
 
 }  // namespace
 
-TClassKeys::TClassKeys(const TNameTable<TCIMPropertyDecl>& table) {
-  for (const auto& [key, declaration] : table.Items()) {
-    if (!IsTrue(declaration->FindQualifier("KEY"))) continue;
-    keys_.push_back({&key, declaration.get()});
-    renamed_ = renamed_ || !Spells(declaration->GetName(), key);
-  }
+TClassKeys::TClassKeys(const TPropertyTable& table) {
+  table.Visit([this](const TPropertyTable::TEntry& entry) {
+    if (!IsTrue(entry.declaration->FindQualifier("KEY"))) return;
+    keys_.push_back({&entry.key, entry.declaration.get()});
+    renamed_ = renamed_ || !Spells(entry.declaration->GetName(), entry.key);
+  });
   std::sort(keys_.begin(), keys_.end(),
             [](const TKey& left, const TKey& right) { return left.GetName() < right.GetName(); });
 }

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "model/TNameTable.h"
+#include "model/TPropertyTable.h"
 
 class TCIMInstanceImpl;
 
@@ -26,7 +26,7 @@ class TClassKeys {
 
   TClassKeys() = default;
   // Reads them from the class's table, with the failures of EnumerateKeyNames.
-  explicit TClassKeys(const TNameTable<TCIMPropertyDecl>& table);
+  explicit TClassKeys(const TPropertyTable& table);
 
   const std::vector<TKey>& Items() const { return keys_; }
 

@@ -5,7 +5,6 @@
 #include <vskcore/model/TCIMProperty.h>
 #include <vskcore/model/TCIMPropertyDecl.h>
 #include <vskcore/model/TCIMQualifier.h>
-#include <vskcore/model/TCIMReference.h>
 #include <vskcore/model/TCIMValue.h>
 
 #include <algorithm>
@@ -13,6 +12,7 @@
 #include <utility>
 
 #include "model/TPeek.h"
+#include "model/ValueParts.h"
 
 namespace vsk::detail {
 
@@ -33,15 +33,6 @@ TDeclarations DeclarationsOf(const TCIMClass& cimClass) {
   return all;
 }
 
-void PushParts(const TCIMValue& value, std::vector<const TCIMValue*>& parts) {
-  if (const TCIMReference* reference = TPeek::Reference(value)) {
-    for (const auto& binding : TPeek::Bindings(*reference)) parts.push_back(&binding.second);
-  } else if (value.IsArray() && !value.IsNull()) {
-    const std::vector<TCIMValue>& elements = value;
-    for (const TCIMValue& element : elements) parts.push_back(&element);
-  }
-}
-
 // Whether a value names the class anywhere: in itself (a reference tells it as well), in the keys
 // of a reference, in the elements of an array, and so on down.
 bool PointsAt(const TCIMValue& value, const TCIMClass& target) {
@@ -50,7 +41,7 @@ bool PointsAt(const TCIMValue& value, const TCIMClass& target) {
     const TCIMValue& part = *pending.back();
     pending.pop_back();
     if (part.FindReferencedClass() == &target) return true;
-    PushParts(part, pending);
+    AppendParts(part, pending);
   }
   return false;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "core/base/Fail.h"
 #include "model/SchemaRevision.h"
 #include "model/TCIMInstanceImpl.h"
 #include "model/TPathHash.h"
@@ -43,16 +44,15 @@ void TInstanceList::Remove(TCIMInstance& instance) {
   delete &instance;
 }
 
-void TInstanceList::KeyChanges(std::size_t position) noexcept {
+void TInstanceList::Changes(std::size_t position) noexcept {
+  referrers_.Changes(position);
   if (position >= index_.Size()) return;
   index_.PutUnread(static_cast<TInstanceIndex::TPosition>(position));
 }
 
-TCIMInstance* TInstanceList::Find(const TNameTable<TCIMPropertyDecl>& table,
-                                  const TCIMReference& reference) {
+TCIMInstance* TInstanceList::Find(const TPropertyTable& table, const TCIMReference& reference) {
   if (IsEmpty()) return nullptr;  // a bad KEY only shows where a path is built
-  if (revision_ != SchemaRevision()) ReadKeys(table);
-  TPathMatcher matcher(keys_, reference);
+  TPathMatcher matcher(Keys(table), reference);
   if (!BringIndexUp()) return Walk(matcher);
   for (TInstanceIndex::TPosition position = index_.First(TPathHash(reference).Get());
        position != TInstanceIndex::kNone; position = index_.Next(position)) {
@@ -61,19 +61,53 @@ TCIMInstance* TInstanceList::Find(const TNameTable<TCIMPropertyDecl>& table,
   return nullptr;
 }
 
+bool TInstanceList::FindsSurely(const TPropertyTable& table) {
+  if (IsEmpty()) return true;
+  try {
+    Keys(table);
+  } catch (const TVSKException&) {
+    return false;
+  }
+  return BringIndexUp();
+}
+
+std::optional<std::uint32_t> TInstanceList::HashPath(const TPropertyTable& table,
+                                                     const TCIMInstanceImpl& instance) {
+  if (!instance.IsListed() || !FindsSurely(table)) return std::nullopt;
+  return HashOf(instance);
+}
+
+const TReferrerIndex* TInstanceList::GetReferrers() {
+  if (hasRepeats_ || entries_.size() >= kMost) return nullptr;
+  if (referrersRevision_ != SchemaRevision()) referrers_.Clear();
+  referrersRevision_ = SchemaRevision();
+  referrers_.BringUp(entries_);
+  return &referrers_;
+}
+
 void TInstanceList::AppendTo(std::vector<TCIMInstance*>& all) const {
   std::copy_if(entries_.begin(), entries_.end(), std::back_inserter(all),
                [](const TCIMInstance* instance) { return instance != nullptr; });
 }
 
-void TInstanceList::ReadKeys(const TNameTable<TCIMPropertyDecl>& table) {
-  keys_ = TClassKeys(table);
-  index_.Clear();
-  revision_ = SchemaRevision();
+void TInstanceList::AppendTo(const std::vector<TReferrerIndex::TPosition>& positions,
+                             std::vector<TCIMInstance*>& all) const {
+  for (const TReferrerIndex::TPosition position : positions) {
+    if (entries_[position] != nullptr) all.push_back(entries_[position]);
+  }
+}
+
+const TClassKeys& TInstanceList::Keys(const TPropertyTable& table) {
+  if (revision_ != SchemaRevision()) {
+    keys_ = TClassKeys(table);
+    index_.Clear();
+    revision_ = SchemaRevision();
+  }
+  return keys_;
 }
 
 bool TInstanceList::BringIndexUp() {
-  if (entries_.size() >= TInstanceIndex::kNone) return false;
+  if (entries_.size() >= kMost) return false;
   while (index_.Size() < entries_.size()) {
     const auto position = static_cast<TInstanceIndex::TPosition>(index_.Size());
     index_.Grow();
@@ -89,13 +123,19 @@ bool TInstanceList::BringIndexUp() {
 void TInstanceList::Read(TInstanceIndex::TPosition position) {
   TCIMInstanceImpl& instance = TPeek::Impl(*entries_[position]);
   keys_.Watch(instance);
+  const std::optional<std::uint32_t> hash = HashOf(instance);
+  if (!hash) return index_.PutUnsure(position);
+  index_.Put(position, *hash);
+}
+
+std::optional<std::uint32_t> TInstanceList::HashOf(const TCIMInstanceImpl& instance) const {
   std::vector<const TCIMValue*> values;
-  if (!keys_.Collect(instance, values)) return index_.PutUnsure(position);
+  if (!keys_.Collect(instance, values)) return std::nullopt;
   TPathHash hash(&instance.GetClass(), values.size());
   for (std::size_t i = 0; i < values.size(); ++i) {
     hash.AddBinding(keys_.Items()[i].GetName(), *values[i]);
   }
-  index_.Put(position, hash.Get());
+  return hash.Get();
 }
 
 TCIMInstance* TInstanceList::Walk(TPathMatcher& matcher) const {
@@ -125,6 +165,7 @@ void TInstanceList::CloseGaps() {
   positions_.clear();
   indexed_ = 0;
   index_.Clear();
+  referrers_.Clear();
   for (std::size_t position = entries_.size(); position-- > 0;) {
     TPeek::Impl(*entries_[position]).SetPosition(position);  // the first is noted last
   }

@@ -4,14 +4,17 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
 #include "model/TClassKeys.h"
 #include "model/TInstanceIndex.h"
-#include "model/TNameTable.h"
+#include "model/TPropertyTable.h"
+#include "model/TReferrerIndex.h"
 
 class TCIMInstance;
+class TCIMInstanceImpl;
 class TCIMPropertyDecl;
 class TCIMReference;
 
@@ -23,13 +26,14 @@ class TPathMatcher;
 // listed as often and destroyed once. A removed one leaves a gap behind until gaps prevail, so
 // that removing many costs no more than it took to add them.
 //
-// An instance is found by an index of the paths, which is made and kept up by the look-ups, so a
-// class that is never asked pays nothing. What has happened in between reaches it like this: a new
-// instance stands behind the ones that it covers; a removed one is taken out; a key that changes
-// tells its instance, and that this list (KeyChanges); a change to a declaration counts the
-// schema's revision on, and all begins anew. The index only proposes: every candidate is held
-// against the reference, in the order of the list, and one whose comparison fails is among them.
-// While a listed instance is of the kind whose path may fail to build, all are walked.
+// An instance is found by an index of the paths, and what refers to an instance elsewhere by an
+// index of referrers. Both are made and kept up by the look-ups, so a class that is never asked
+// pays nothing. What has happened in between reaches them like this: a new instance stands behind
+// the ones that they cover; a removed one leaves a gap; a property that changes tells its instance,
+// and that this list (Changes); a change to a declaration counts the schema's revision on, and all
+// begins anew. An index only proposes: every candidate is held against what is sought, in the
+// order of the list, and one whose comparison fails is among them. While a listed instance is of
+// the kind whose path may fail to build, all are walked.
 class TInstanceList {
  public:
   TInstanceList() = default;
@@ -41,25 +45,40 @@ class TInstanceList {
   void Add(TCIMInstance& instance);
   // Takes every entry of the object out and destroys the object, listed or not.
   void Remove(TCIMInstance& instance);
-  // The instance at that position, its first, is about to get another path. Where it is listed
-  // more often the index may know the later places by an earlier path: they decide nothing.
-  void KeyChanges(std::size_t position) noexcept;
+  // A watched property of the instance at that position, its first, is about to change. Where it is
+  // listed more often the index may know the later places by an earlier path: they decide nothing.
+  void Changes(std::size_t position) noexcept;
 
   // The first whose path equals the reference, null when there is none. Fails as building the paths
   // one by one and comparing them would; the table is that of the class.
-  TCIMInstance* Find(const TNameTable<TCIMPropertyDecl>& table, const TCIMReference& reference);
+  TCIMInstance* Find(const TPropertyTable& table, const TCIMReference& reference);
+  // Whether Find fails for no reference whose comparison can't.
+  bool FindsSurely(const TPropertyTable& table);
+  // The hash of the path of an instance of this class; none where building might fail.
+  std::optional<std::uint32_t> HashPath(const TPropertyTable& table,
+                                        const TCIMInstanceImpl& instance);
+  // What refers to what; null where an index won't do.
+  const TReferrerIndex* GetReferrers();
   void AppendTo(std::vector<TCIMInstance*>& all) const;
+  // Those at these positions; a gap gives nothing.
+  void AppendTo(const std::vector<TReferrerIndex::TPosition>& positions,
+                std::vector<TCIMInstance*>& all) const;
   bool IsEmpty() const { return entries_.size() == gaps_; }
 
  private:
-  void ReadKeys(const TNameTable<TCIMPropertyDecl>& table);
+  // The keys as they are declared now.
+  const TClassKeys& Keys(const TPropertyTable& table);
   // Whether the index covers everything.
   bool BringIndexUp();
+  std::optional<std::uint32_t> HashOf(const TCIMInstanceImpl& instance) const;
   void Read(TInstanceIndex::TPosition position);
   TCIMInstance* Walk(TPathMatcher& matcher) const;
   void LeaveGap(std::size_t position) noexcept;
   void IndexPositions();
   void CloseGaps();
+
+  // Longer lists have no index.
+  static constexpr std::size_t kMost = TInstanceIndex::kNone - 1;
 
   std::vector<TCIMInstance*> entries_;  // null for a gap
   std::size_t gaps_ = 0;
@@ -72,6 +91,8 @@ class TInstanceList {
   std::uint64_t revision_ = 0;  // of the schema, as keys_ and index_ know it
   TClassKeys keys_;
   TInstanceIndex index_;
+  std::uint64_t referrersRevision_ = 0;
+  TReferrerIndex referrers_;
 };
 
 }  // namespace vsk::detail

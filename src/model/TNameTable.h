@@ -14,6 +14,23 @@
 
 namespace vsk::detail {
 
+// Deletes an item from the moment on that a table holds it.
+struct TOwnership {
+  bool owned = false;
+  template <typename TItem>
+  void operator()(TItem* item) const {
+    if (owned) delete item;
+  }
+};
+
+// Calls store with an owner of the heap object, which stays the caller's when that fails.
+template <typename TItem, typename TStore>
+void AdoptBy(TItem& item, TStore&& store) {
+  const boost::shared_ptr<TItem> owner(&item, TOwnership());
+  store(owner);
+  boost::get_deleter<TOwnership>(owner)->owned = true;
+}
+
 // Items by normalised name, ascending by it. An item keeps the key under which it was added,
 // whatever becomes of its name. A copy of the table shares the items. Every operation that takes a
 // name throws vskStatusInvalidCIMName for one that is no CIM name.
@@ -39,9 +56,9 @@ class TNameTable {
   // Takes a heap object in under the key, and releases what stood there. The key is normalised
   // already. The object stays the caller's when that fails for want of memory.
   void Adopt(std::string key, TItem& item) {
-    const boost::shared_ptr<TItem> owner(&item, TOwnership{false});
-    items_.insert_or_assign(std::move(key), owner);
-    boost::get_deleter<TOwnership>(owner)->owned = true;
+    AdoptBy(item, [&](const boost::shared_ptr<TItem>& owner) {
+      items_.insert_or_assign(std::move(key), owner);
+    });
   }
 
   // Throws vskStatusNotFound when absent. Releases what stands under the name.
@@ -72,14 +89,6 @@ class TNameTable {
   }
 
  private:
-  // Deletes an item from the moment on that the table holds it.
-  struct TOwnership {
-    bool owned;
-    void operator()(TItem* item) const {
-      if (owned) delete item;
-    }
-  };
-
   TMap items_;
 };
 

@@ -1,6 +1,7 @@
 #include "model/TPathHash.h"
 
 #include <functional>
+#include <vector>
 
 #include "model/TPeek.h"
 
@@ -53,10 +54,9 @@ TPathHash::TPathHash(const TCIMClass* cimClass, std::size_t bindings) {
 
 void TPathHash::AddBinding(const std::string& name, const TCIMValue& value) {
   if (ended_) return;
-  Mix(HashOf(name));
-  Mix(static_cast<std::uint64_t>(value.GetType()));
-  Mix(value.IsNull() ? 0 : 1);
-  return value.IsNull() ? AddNull(value) : AddContent(value);
+  AddName(name, value);
+  const TCIMReference* const path = TPeek::Reference(value);
+  return path == nullptr ? AddPart(value) : AddPath(*path);
 }
 
 void TPathHash::Mix(std::uint64_t number) {
@@ -70,19 +70,48 @@ void TPathHash::AddHead(const TCIMClass* cimClass, std::size_t bindings) {
 }
 
 void TPathHash::AddPath(const TCIMReference& path) {
-  const TCIMReference::TKeyBindings& bindings = TPeek::Bindings(path);
-  AddHead(path.FindClass(), bindings.size());
-  for (const auto& [name, value] : bindings) AddBinding(name, value);
+  struct TLevel {
+    TCIMReference::TKeyBindings::const_iterator next;
+    TCIMReference::TKeyBindings::const_iterator end;
+  };
+  std::vector<TLevel> above;
+  const auto enter = [&](const TCIMReference& reference) {
+    const TCIMReference::TKeyBindings& bindings = TPeek::Bindings(reference);
+    AddHead(reference.FindClass(), bindings.size());
+    return TLevel{bindings.begin(), bindings.end()};
+  };
+  for (TLevel level = enter(path); !ended_;) {
+    if (level.next == level.end) {
+      if (above.empty()) return;
+      level = above.back();
+      above.pop_back();
+      continue;
+    }
+    const auto& [name, value] = *level.next++;
+    const TCIMReference* const inner = TPeek::Reference(value);
+    AddName(name, value);
+    if (inner == nullptr) {
+      AddPart(value);
+    } else {
+      above.push_back(level);
+      level = enter(*inner);
+    }
+  }
 }
 
-void TPathHash::AddNull(const TCIMValue& value) {
-  if (value.IsReference()) Mix(HashOf(value.FindReferencedClass()));
+void TPathHash::AddName(const std::string& name, const TCIMValue& value) {
+  Mix(HashOf(name));
+  Mix(static_cast<std::uint64_t>(value.GetType()));
+  Mix(value.IsNull() ? 0 : 1);
 }
 
-void TPathHash::AddContent(const TCIMValue& value) {
+void TPathHash::AddPart(const TCIMValue& value) {
+  if (value.IsNull()) {
+    if (value.IsReference()) Mix(HashOf(value.FindReferencedClass()));
+    return;
+  }
   const TCIMValue::ECIMType type = value.GetType();
   if (type == TCIMValue::TCIMType::cimString) return Mix(HashOf(TPeek::Text(value)));
-  if (type == TCIMValue::TCIMType::cimReference) return AddPath(*TPeek::Reference(value));
   if (type < TCIMValue::TCIMType::cimBoolean || type > TCIMValue::TCIMType::cimReal64) {
     ended_ = true;
     return;

@@ -23,14 +23,16 @@ class TPathHash {
 
   // The next binding, in ascending order of the names.
   void AddBinding(const std::string& name, const TCIMValue& value);
+  // Whether it didn't end before its time: no comparison with this path fails.
+  bool IsWhole() const { return !ended_; }
   std::uint32_t Get() const { return static_cast<std::uint32_t>(hash_ >> 32); }
 
  private:
   void Mix(std::uint64_t number);
   void AddHead(const TCIMClass* cimClass, std::size_t bindings);
   void AddPath(const TCIMReference& path);
-  void AddNull(const TCIMValue& value);
-  void AddContent(const TCIMValue& value);
+  void AddName(const std::string& name, const TCIMValue& value);
+  void AddPart(const TCIMValue& value);  // no path
 
   std::uint64_t hash_ = 0;
   bool ended_ = false;

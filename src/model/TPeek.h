@@ -9,6 +9,8 @@
 class TCIMInstance;
 class TCIMInstanceImpl;
 class TCIMProperty;
+class TCIMPropertyDecl;
+class TCIMPropertyDeclImpl;
 class TCIMPropertyImpl;
 class TCIMQualifier;
 class TCIMReferenceImpl;
@@ -23,6 +25,7 @@ struct TPeek {
   // The value that the property shows, its own or the declaration's; valid until it changes.
   static const TCIMValue& Value(const TCIMProperty& property);
   static TCIMPropertyImpl& Impl(TCIMProperty& property);
+  static const TCIMPropertyDeclImpl& Impl(const TCIMPropertyDecl& declaration);
   static TCIMInstanceImpl& Impl(const TCIMInstance& instance);
   static const TCIMReferenceImpl& Impl(const TCIMReference& reference);
   // The content of a value, null for NULL.

@@ -6,12 +6,12 @@
 
 namespace vsk::detail {
 
-TPropertyLayout::TPropertyLayout(const TNameTable<TCIMPropertyDecl>& table) {
-  entries_.reserve(table.Items().size());
-  for (const auto& item : table.Items()) {
-    const std::string& name = item.second->GetName();
-    entries_.push_back({NormalizeCIMName(name), name, item.second});
-  }
+TPropertyLayout::TPropertyLayout(const TPropertyTable& table) {
+  entries_.reserve(table.Size());
+  table.Visit([this](const TPropertyTable::TEntry& entry) {
+    const std::string& name = entry.declaration->GetName();
+    entries_.push_back({NormalizeCIMName(name), name, entry.declaration});
+  });
   std::stable_sort(entries_.begin(), entries_.end(),
                    [](const TEntry& left, const TEntry& right) { return left.key < right.key; });
   entries_.erase(

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "model/TNameTable.h"
+#include "model/TPropertyTable.h"
 
 namespace vsk::detail {
 
@@ -27,7 +27,7 @@ class TPropertyLayout {
 
   // By the names that the declarations have now; the table may know them by earlier ones. Of two
   // that have come to share a name the first stays. Throws vskStatusInvalidCIMName.
-  explicit TPropertyLayout(const TNameTable<TCIMPropertyDecl>& table);
+  explicit TPropertyLayout(const TPropertyTable& table);
 
   // Whether the declarations still have the names of then.
   bool IsCurrent() const;

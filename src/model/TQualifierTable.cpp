@@ -34,6 +34,12 @@ void TQualifierTable::Add(TCIMQualifier& qualifier) {
   table_.Adopt(std::move(key), qualifier);
 }
 
+const TCIMValue* TQualifierTable::FindValue(const std::string& key) const {
+  const TCIMQualifier* const found = table_.FindKey(key);
+  if (found == nullptr || TPeek::Value(*found).IsNull()) return nullptr;
+  return &TPeek::Value(*found);
+}
+
 void TQualifierTable::Remove(const TCIMQualifier& qualifier) {
   CountSchemaChange();
   table_.Remove(qualifier.GetName());

@@ -19,6 +19,9 @@ class TQualifierTable {
   const TCIMQualifier* Find(const std::string& name) const { return table_.Find(name); }
   // The name is normalised already.
   const TCIMQualifier* FindKey(const std::string& key) const { return table_.FindKey(key); }
+  // The value itself, valid until the qualifier changes; null when that is absent or NULL. The name
+  // is normalised already.
+  const TCIMValue* FindValue(const std::string& key) const;
   std::vector<const TCIMQualifier*> Enumerate() const {
     return table_.Enumerate<const TCIMQualifier*>();
   }

@@ -79,6 +79,7 @@ void TPlugin::LoadSpecificationDocument() {
   TContainer& container = *TRootObject::GetPluginManager()->GetContainer();
   std::vector<TCIMClass*> added = container.PopulateContainerFromFile(GetSpecificationPath());
   std::vector<std::string> names;
+  names.reserve(added.size());
   for (const TCIMClass* cimClass : added) names.push_back(cimClass->GetName());
   classes_.swap(added);
   classNames_.swap(names);

@@ -33,6 +33,37 @@ bool HasSpecificationDocument(TPlugin& plugin) {
 
 }  // namespace
 
+// The length of one load. What registered outside of any, and what a load leaves pending when it
+// fails, is never listed. It is kept, because the plug-in may still log under the entry that it was
+// given.
+class TPluginManager::TLoad {
+ public:
+  explicit TLoad(TPluginManager& manager)
+      : manager_(manager), isInner_(std::exchange(manager.isLoading_, true)) {
+    before_.swap(manager_.pending_);
+  }
+  ~TLoad() {
+    Drop(manager_.pending_);
+    if (isInner_) {
+      manager_.pending_.swap(before_);
+    } else {
+      Drop(before_);
+    }
+    manager_.isLoading_ = isInner_;
+  }
+  TLoad(const TLoad&) = delete;
+  TLoad& operator=(const TLoad&) = delete;
+
+ private:
+  using TList = std::list<boost::shared_ptr<TPlugin>>;
+
+  void Drop(TList& plugins) { manager_.dropped_.splice(manager_.dropped_.end(), plugins); }
+
+  TPluginManager& manager_;
+  const bool isInner_;  // a plug-in asks for it from within another load
+  TList before_;
+};
+
 IPluginManager* TRootObject::GetPluginManager() { return pluginManager; }
 
 TPluginManager::TPluginManager(std::string folder) : path_(std::move(folder)) {}
@@ -50,9 +81,7 @@ void TPluginManager::LoadPlugins() {
 void TPluginManager::LoadPlugin(std::string path) {
   if (IsLoaded(path)) return;
   vsk::detail::LogDebug(path);
-  // What registered in a load that failed, or outside of any, is never listed. It is kept, because
-  // the plug-in may still log under the entry that it was given.
-  dropped_.splice(dropped_.end(), pending_);
+  const TLoad load(*this);
   try {
     TOSSpecific::LoadPluginLibrary(path);
   } catch (const TVSKException&) {
@@ -86,9 +115,8 @@ bool TPluginManager::IsLoaded(const std::string& path) const {
 void TPluginManager::CompletePendingPlugins(const std::string& path) {
   while (!pending_.empty()) {
     const boost::shared_ptr<TPlugin> plugin = pending_.front();
-    pending_.pop_front();
     plugin->SetPath(path);
-    plugins_.push_back(plugin);
+    plugins_.splice(plugins_.end(), pending_, pending_.begin());
     if (!TryInitialize(*plugin)) continue;
     if (HasSpecificationDocument(*plugin)) plugin->LoadSpecificationDocument();
   }

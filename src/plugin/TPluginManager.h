@@ -12,7 +12,8 @@
 #include <string>
 
 // A library's own initialisation calls RegisterPlugin while LoadPlugin waits for the loader. What
-// registers so is pending, and plugins_ stands still, until the load has come to its end.
+// registers so is pending, and plugins_ stands still, until the load has come to its end. A plug-in
+// may also load another one on its way: what is pending then stands aside for that time.
 class TPluginManager : public IPluginManager {
  public:
   using TPlugin = ::TPlugin;
@@ -31,6 +32,8 @@ class TPluginManager : public IPluginManager {
 
  private:
   bool IsLoaded(const std::string& path) const;
+  class TLoad;
+
   // Lists, initialises and documents what the library of that path has registered.
   void CompletePendingPlugins(const std::string& path);
 
@@ -38,6 +41,7 @@ class TPluginManager : public IPluginManager {
   std::list<boost::shared_ptr<TPlugin>> plugins_;
   std::list<boost::shared_ptr<TPlugin>> pending_;
   std::list<boost::shared_ptr<TPlugin>> dropped_;
+  bool isLoading_ = false;
   TContainer container_;
 };
 

@@ -61,6 +61,26 @@ std::vector<TCIMClass*> WantedClasses(IPlugin& plugin, const std::vector<std::st
   return wanted;
 }
 
+// The stay of classes in the list of those that are being asked for. A plug-in that calls for a
+// collection of such a one from within would be asked without end.
+class TAsked {
+ public:
+  TAsked(std::vector<TCIMClass*>& all, const std::vector<TCIMClass*>& wanted)
+      : all_(all), before_(all.size()) {
+    if (std::find_first_of(all.begin(), all.end(), wanted.begin(), wanted.end()) != all.end()) {
+      throw TVSKException(vskStatusInvalidOpSequence);
+    }
+    all_.insert(all_.end(), wanted.begin(), wanted.end());
+  }
+  ~TAsked() { all_.resize(before_); }
+  TAsked(const TAsked&) = delete;
+  TAsked& operator=(const TAsked&) = delete;
+
+ private:
+  std::vector<TCIMClass*>& all_;
+  const std::size_t before_;
+};
+
 }  // namespace
 
 IQueryManager* TRootObject::GetQueryManager() { return queryManager; }
@@ -75,7 +95,9 @@ void TQueryManager::QueryPlugin(IPlugin* plugin, TContainer* target,
   try {
     IPluginBasicQueryCallbacks& callbacks = QueryCallbacks(*plugin);
     const std::vector<TCIMClass*> wanted = WantedClasses(*plugin, classNames, associations);
-    if (!wanted.empty()) callbacks.QueryClasses(target, wanted);
+    if (wanted.empty()) return;
+    const TAsked asked(askedFor_, wanted);
+    callbacks.QueryClasses(target, wanted);
   } catch (const std::exception& exception) {
     // Costs only this plug-in's pass.
     LogError("Plugin " + plugin->GetCallbacks()->GetName() + " threw exception " +

@@ -8,7 +8,9 @@
 #include <string>
 #include <vector>
 
-// Keeps nothing between calls: what is collected already, the classes' instances tell.
+class TCIMClass;
+
+// Keeps nothing between collections: what is collected already, the classes' instances tell.
 class TQueryManager : public IQueryManager {
  public:
   void QueryClasses(TContainer* target, std::vector<std::string> classNames) override;
@@ -19,6 +21,8 @@ class TQueryManager : public IQueryManager {
   // One pass over all plug-ins of type 0, in list order.
   void QueryAllPlugins(TContainer* target, const std::vector<std::string>& classNames,
                        bool associations);
+
+  std::vector<TCIMClass*> askedFor_;  // at this moment, the innermost last
 };
 
 namespace vsk::detail {

@@ -1,7 +1,11 @@
+#include <fcntl.h>
 #include <zlib.h>
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
+#include <thread>
 
 #include "cimxml/TDocumentTest.h"
 #include "support/TTempDir.h"
@@ -42,6 +46,18 @@ class TContainerPopulate : public TDocumentTest {
 
   static std::string Abstract(const std::string& name) {
     return "<VALUE.OBJECT><CLASS NAME='" + name + "'>" + kAbstract + "</CLASS></VALUE.OBJECT>";
+  }
+
+  // Whether a program started now would inherit the file; none while it isn't open.
+  static std::optional<bool> IsInheritable(const std::string& path) {
+    std::error_code closed;
+    for (int descriptor = 3; descriptor < 32; ++descriptor) {
+      const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
+      if (std::filesystem::read_symlink(link, closed) != path) continue;
+      const int flags = fcntl(descriptor, F_GETFD);
+      if (flags != -1) return (flags & FD_CLOEXEC) == 0;
+    }
+    return std::nullopt;
   }
 
   TTempDir folder;
@@ -146,6 +162,30 @@ TEST_F(TContainerPopulate, DocumentEndsAtItsFirstNul) {
             empty + "'",
         log.Take());
   }
+}
+
+// Large enough for another thread to see the file open.
+TEST_F(TContainerPopulate, ProgramsStartedMeanwhileInheritNoFile) {
+  const std::string large(std::size_t{32} << 20, '\0');
+  for (const std::string& path :
+       {folder.MakeFile("plain.xml", large), folder.MakeFile("packed.xml.gz", Gzip(large))}) {
+    std::atomic<bool> ended{false};
+    std::atomic<bool> seen{false};
+    std::atomic<bool> inheritable{false};
+    std::thread watcher([&] {
+      while (!ended) {
+        const std::optional<bool> state = IsInheritable(path);
+        if (state && *state) inheritable = true;
+        if (state) seen = true;
+      }
+    });
+    for (int tries = 0; !seen && tries < 100; ++tries) Populate(path);
+    ended = true;
+    watcher.join();
+    EXPECT_TRUE(seen) << path;
+    EXPECT_FALSE(inheritable) << path;
+  }
+  log.Take();  // zero bytes are no document
 }
 
 }  // namespace

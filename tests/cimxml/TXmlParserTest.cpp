@@ -139,6 +139,9 @@ TEST(TXmlParserDocument, PassesOnWhatStands) {
       {"<a> \n</a>", "<a>' \n'</a>"},
       {"<a>x > y ]]> \xC3\xA9</a>", "<a>'x > y ]]> \xC3\xA9'</a>"},
       {"<a>a run of more than sixteen bytes</a>", "<a>'a run of more than sixteen bytes'</a>"},
+      // Each is '<', '&', '"' or "'" but for its high bit.
+      {"<a b='\xBC\xA6\xA7\xA2 7890'>\xBC\xA6 34567890</a>",
+       "<a b=\xBC\xA6\xA7\xA2 7890>'\xBC\xA6 34567890'</a>"},
       {"<a>x<!-- c -->y<?p?>z<b/></a>", "<a>'x''y'?TBD,TBD'z'<b></b></a>"},
       {"<a><b><c/></b><b>1</b></a>", "<a><b><c></c></b><b>'1'</b></a>"},
   });
@@ -214,6 +217,7 @@ TEST(TXmlParserDocument, ErrorsInTags) {
       {"<a></ a>", "<a>" + name},
       {"<a><", "<a>" + name},
       {"<a>x<", "<a>'x'" + name},
+      {"<a><<b/></a>", "<a>" + name},
       {"<a><b></b", "<a><b>" + tagEnd},
       {"<a></A>", "<a>!Start and end element names don't match"},
       {"<abc></abcd>", "<abc>!Start and end element names don't match"},
@@ -231,6 +235,8 @@ TEST(TXmlParserDocument, References) {
   ExpectPictures({
       {"<a>x&amp;y</a>", "<a>'x''&''y'</a>"},
       {"<a>more than sixteen bytes&gt;</a>", "<a>'more than sixteen bytes''>'</a>"},
+      {"<a>a run that is longer than thirty-two bytes&gt;</a>",
+       "<a>'a run that is longer than thirty-two bytes''>'</a>"},
       {"<a>&amp;&apos;&gt;&lt;&quot;</a>", "<a>'&'''''>''<''\"'</a>"},
       {"<a>&AMP;&Lt;&qUOt;</a>", "<a>'&''<''\"'</a>"},
       {"<a>&#65;&#x41;&#X4a;&#x4A;&#321;&#0000065;</a>", "<a>'A''A''J''J''A''A'</a>"},
@@ -248,6 +254,7 @@ TEST(TXmlParserDocument, References) {
       {"<a>&ampx;</a>", unknown},
       {"<a>& amp;</a>", unknown},
       {"<a>&;</a>", unknown},
+      {"<a>&<b/></a>", unknown},
       {"<a>&", unknown},
   });
 }
@@ -338,6 +345,10 @@ TEST(TXmlParserAttributes, AreTheElementsOwn) {
        "<r><a n=1 t=2></a><a n=3 t=4></a><a></a><a t=5></a></r>"},
       {"<r><a t='1' n='2' s='3'/><a a='4' z='5' o='6'/><a s='7' n='8' t='9'/></r>",
        "<r><a n=2 s=3 t=1></a><a a=4 o=6 z=5></a><a n=8 s=7 t=9></a></r>"},
+      {"<r><a abcdefgh='1' ijklmnop='2'/><a/><a qrstuvwxyzabcdef='3'/></r>",
+       "<r><a abcdefgh=1 ijklmnop=2></a><a></a><a qrstuvwxyzabcdef=3></a></r>"},
+      {"<r><a n='1'/><a n='23'/><a n='longer than any before'/><a n='4'/><a n=''/></r>",
+       "<r><a n=1></a><a n=23></a><a n=longer than any before></a><a n=4></a><a n=></a></r>"},
       {"<r>" + Numbered(18) + "<a n5='x' n05='y'/></r>",
        "<r>" + Picture(Numbered(18)) + "<a n05=y n5=x></a></r>"},
       {"<r><a abcdefghi-ijklmnop='1'/><a abcdefghi_ijklmnop='2'/></r>",
@@ -400,7 +411,10 @@ TEST(TXmlParserLine, IsTheTrueOne) {
       // A line feed behind a name is out of the buffer while its element is open.
       {"<a\n><b\n><c\n/>\n</b></a>", {2, 3, 4, 4, 5, 5, 5}},
       {"<a\n>&#10;\n<b\n\n/>&bad;", {2, 2, 3, 5, 5, 5}},
-      {"\n<a/>", {2}},  // the byte that was refused has been read
+      // A byte that is refused has been read.
+      {"\n<a/>", {2}},
+      {"<?xml?><!--\n<a/>", {2}},
+      {"<a /\n>", {2}},
       {"<a b='\n\n", {3}},
       {"<a\n\n", {3}},
   };

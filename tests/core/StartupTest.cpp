@@ -10,6 +10,8 @@
 namespace {
 
 const char* const kSchema = "0 plug-ins, ZNTSG_ManagedElement, ZNTSG_Dependency, ready\n";
+// The name by which a host asks for the library.
+const char* const kLibrary = "/" VSK_TEST_SONAME;
 const char* const kSpeaks = "VSK_Core: [Status] the host speaks\n";
 
 std::string Quoted(const std::string& text) { return "'" + text + "'"; }
@@ -20,10 +22,10 @@ class TCoreTree {
   TCoreTree() : TCoreTree(100) {}
   // With a library whose path has that length.
   explicit TCoreTree(std::size_t length) {
-    folder_ = std::string(length - (root_.Path() + "//libvskcore.so").size(), 'd');
+    folder_ = std::string(length - (root_.Path() + "/" + kLibrary).size(), 'd');
     root_.MakeDir(folder_ + "/data");
-    root_.MakeLink(folder_ + "/libvskcore.so", Built("libvskcore.so"));
-    root_.MakeLink(folder_ + "/data/core.properties.xml", Built("data/core.properties.xml"));
+    root_.MakeLink(folder_ + kLibrary, Built(kLibrary));
+    root_.MakeLink(folder_ + "/data/core.properties.xml", Built("/data/core.properties.xml"));
   }
 
   std::string Folder() const { return root_.Path(folder_); }
@@ -47,7 +49,7 @@ class TCoreTree {
 
  private:
   static std::string Built(const std::string& name) {
-    return VSK_TEST_BINARY_DIR "/lib/vskcore/" + name;
+    return VSK_TEST_BINARY_DIR "/lib/vskcore" + name;
   }
 
   TTempDir root_;
@@ -109,7 +111,7 @@ TEST(StartupTest, ALibrarysPathIsShorterThan250) {
   for (const std::size_t length : {249U, 250U}) {
     SCOPED_TRACE(length);
     const TCoreTree tree(length);
-    ASSERT_EQ(length, (tree.Folder() + "/libvskcore.so").size());
+    ASSERT_EQ(length, (tree.Folder() + kLibrary).size());
     const std::string started = std::string(kSpeaks) + "level 2, " + kSchema;
     const std::string refused =
         "VSK_Core: [Error] VSK core failed initialization!\n" + std::string(kSpeaks) + "level 2\n";

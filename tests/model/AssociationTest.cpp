@@ -194,6 +194,50 @@ TEST_F(AssociationTest, ReferenceToAClassIsNoInstance) {
   EXPECT_EQ("", Names(one.Associators("", "", "", "")));
 }
 
+// What the walk before has learned holds no longer.
+TEST_F(AssociationTest, WalkSeesWhatHasChangedSinceTheLast) {
+  TCIMInstance& one = schema.Add(*box, {{"Id", Number(1)}});
+  TCIMInstance& two = schema.Add(*box, {{"Id", Number(2)}});
+  auto& whole = const_cast<TCIMPropertyDecl&>(holds->GetPropertyDecl("Whole"));
+  whole.SetValue(To(*box, 1));
+  TCIMInstance& link = schema.Add(*holds, {{"Id", Number(5)}, {"Part", To(*port, 3)}});
+  EXPECT_EQ("sample_holds5 ", Names(one.References("", "")));
+
+  whole.SetValue(To(*box, 2));  // the default, which shows
+  EXPECT_EQ("", Names(one.References("", "")));
+  EXPECT_EQ("sample_holds5 ", Names(two.References("", "")));
+
+  // A borrowed declaration makes a reference of what was a number.
+  const TCIMPropertyDecl lent("Id", *holds, To(*box, 1));
+  link.SetProperty(TCIMProperty(lent));
+  EXPECT_EQ(1u, one.References("", "").size());
+}
+
+// Neither the class that a reference pointed into, nor the keys of one whose instances are gone.
+TEST_F(AssociationTest, WalkReadsNothingOfWhatWasRemoved) {
+  TCIMInstance& one = schema.Add(*port, {{"Id", Number(1)}});
+  TCIMClass& spare = schema.Class("Sample_Spare", disk).Add();
+  TCIMInstance& gone = schema.Add(spare, {{"Id", Number(2)}});
+  TCIMInstance& link =
+      schema.Add(*wears, {{"Id", Number(5)}, {"Near", To(spare, 2)}, {"Far", To(*port, 1)}});
+  for (unsigned int id = 6; id < 9; ++id) {
+    schema.Add(*wears, {{"Id", Number(id)}, {"Near", To(*disk, 9)}, {"Far", To(*port, 9)}});
+  }
+  EXPECT_EQ("Sample_Wears5 ", Names(gone.References("", "")));
+  wears->RemoveInstance(link);
+  spare.RemoveInstance(gone);
+  container.RemoveClass(spare);
+  EXPECT_EQ("", Names(one.References("", "")));
+
+  TCIMClass& brief =
+      schema.Class("Sample_Brief", box).Property("Note", TCIMValue("a")).With("KEY").Add();
+  TCIMInstance& listed = schema.Add(brief, {{"Id", Number(3)}});
+  EXPECT_EQ("", Names(listed.References("", "")));
+  brief.RemoveInstance(listed);
+  brief.RemovePropertyDecl(const_cast<TCIMPropertyDecl&>(brief.GetPropertyDecl("Note")));
+  EXPECT_EQ("", Names(schema.Make(brief, {{"Id", Number(4)}})->References("", "")));
+}
+
 TEST_F(AssociationTest, ClassThatFailsToJoinRegistersNowhere) {
   std::unique_ptr<TCIMClass> again = schema.Class("SAMPLE_HOLDS")
                                          .With("ASSOCIATION")

@@ -1,7 +1,8 @@
-// The index of instances against the plain walk: random changes of every kind that may reach a
-// path, and after each the same question to both.
+// The indexes of instances and of referrers against the plain walks: random changes of every kind
+// that may reach a path or a reference, and between them the same questions to both.
 #include <vskcore/model/TCIMDateTime.h>
 
+#include <algorithm>
 #include <iostream>
 #include <limits>
 #include <random>
@@ -22,6 +23,33 @@ TCIMInstance* Walk(const TCIMClass& cimClass, const TCIMReference& reference) {
     if (instance->BuildPath() == reference) return instance;
   }
   return nullptr;
+}
+
+bool PointsAt(const TCIMProperty& property, const TCIMInstance& target) {
+  const TCIMValue value = property.GetValue();
+  if (!value.IsReference()) return false;
+  const TCIMReference reference = value;  // fails for NULL
+  ICIMElement* element = nullptr;
+  const vskStatus status = StatusOf([&] { element = &reference.GetCIMElement(); });
+  if (status != vskStatusOK && status != vskStatusNotFound) throw TVSKException(status);
+  return element == &target;
+}
+
+// What References is to answer: every instance of these associations that has such a reference.
+std::vector<TCIMInstance*> WalkReferrers(const TCIMInstance& target, const std::string& role) {
+  std::vector<TCIMInstance*> all;
+  for (const TCIMClass* association : target.GetClass().References("", role)) {
+    for (TCIMInstance* instance : association->EnumerateInstances(false)) {
+      const auto properties = instance->EnumerateProperties();
+      const TCIMProperty* of = role.empty() ? nullptr : instance->FindProperty(role);
+      const bool points =
+          role.empty() ? std::any_of(properties.begin(), properties.end(),
+                                     [&](const auto* each) { return PointsAt(*each, target); })
+                       : of != nullptr && PointsAt(*of, target);
+      if (points) all.push_back(instance);
+    }
+  }
+  return all;
 }
 
 // Few enough values of each type that paths meet, with all that is awkward to compare.
@@ -105,6 +133,14 @@ class TIndexWorld {
                           .Reference("To", event)
                           .With("KEY")
                           .Add();
+    // References that are no keys, one with a default.
+    schema_.Class("Tie")
+        .With("ASSOCIATION")
+        .Key("Id", TType::cimUint32)
+        .Reference("Left", plain)
+        .Reference("Right", real)
+        .Reference("Third", plain)
+        .Add();
     schema_.Class("Over").With("ASSOCIATION").Reference("Link", link).With("KEY").Add();
     schema_.Class("SubPlain", &plain).Add();
     schema_.Class("SubReal", &real).Property("T", TCIMValue("d")).With("KEY").Add();
@@ -132,6 +168,18 @@ class TIndexWorld {
       Attempt([&] { reference = Bend(dice_.Pick(instances)->BuildPath()); });
     }
     return reference;
+  }
+
+  // Of what most associations point to; null when there is none.
+  const TCIMInstance* PickTarget() {
+    const auto instances =
+        container_.GetClass(dice_.OneIn(2) ? "Plain" : "Real").EnumerateInstances(false);
+    return instances.empty() ? nullptr : dice_.Pick(instances);
+  }
+
+  std::string PickRole() {
+    const char* const roles[] = {"", "", "from", "LEFT", "Right", "Third", "Id"};
+    return dice_.Pick(roles);
   }
 
   bool IsTimeToAsk() { return dice_.OneIn(2); }
@@ -162,8 +210,17 @@ class TIndexWorld {
       return dice_.Value(declaration.GetType());
     }
     const auto instances = target->EnumerateInstances(false);
-    if (instances.empty() || dice_.OneIn(8)) return declaration.GetValue();
+    const TCIMReference& stale = dice_.Pick(references_);
+    if (stale.FindClass() == target && dice_.OneIn(3)) return TCIMValue(stale);
+    if (instances.empty() || dice_.OneIn(50)) return declaration.GetValue();
+    if (dice_.OneIn(30)) return TCIMValue(PathOf(*target));
     return TCIMValue(dice_.Pick(instances)->BuildPath());
+  }
+
+  static TCIMReference PathOf(const TCIMClass& cimClass) {
+    TCIMReference path;
+    path.SetClass(const_cast<TCIMClass&>(cimClass));
+    return path;
   }
 
   void AddInstance(TCIMClass& cimClass) {
@@ -323,6 +380,8 @@ class TInstanceIndexJudge : public testing::Test {
       }
       const TCIMClass& cimClass = world.PickClass();
       Compare(cimClass, world.PickReference(cimClass));
+      const TCIMInstance* target = world.PickTarget();
+      if (target != nullptr) CompareReferrers(*target, world.PickRole());
       if (HasFailure()) std::cout << "seed " << seed << ", step " << step << '\n';
     }
   }
@@ -340,9 +399,24 @@ class TInstanceIndexJudge : public testing::Test {
     if (found != nullptr) ++hits;
   }
 
+  void CompareReferrers(const TCIMInstance& target, const std::string& role) {
+    log.Take();
+    std::vector<TCIMInstance*> expected;
+    const vskStatus status = StatusOf([&] { expected = WalkReferrers(target, role); });
+    const std::string lines = log.Take();
+    std::vector<TCIMInstance*> found;
+    EXPECT_EQ(status, StatusOf([&] { found = target.References("", role); }));
+    EXPECT_EQ(lines, log.Take());
+    EXPECT_EQ(expected, found) << target.GetClass().GetName();
+    ++referrerAnswers[status];
+    if (!found.empty()) ++referrerHits;
+  }
+
   TLogCapture log;
   std::map<vskStatus, int> answers;
+  std::map<vskStatus, int> referrerAnswers;
   int hits = 0;
+  int referrerHits = 0;
 };
 
 TEST_F(TInstanceIndexJudge, NeverHearsAnotherAnswerThanTheWalks) {
@@ -353,6 +427,11 @@ TEST_F(TInstanceIndexJudge, NeverHearsAnotherAnswerThanTheWalks) {
   for (const vskStatus status : {vskStatusOK, vskStatusInvalidDateTime, vskStatusNotImplemented,
                                  vskStatusTypeMismatch, vskStatusNotFound}) {
     EXPECT_GT(answers[status], 20) << status;
+  }
+  EXPECT_GT(referrerHits, 5000);
+  for (const vskStatus status : {vskStatusOK, vskStatusInvalidDateTime, vskStatusInvalidCIMName,
+                                 vskStatusTypeMismatch, vskStatusValueIsNULL}) {
+    EXPECT_GT(referrerAnswers[status], 20) << status;
   }
 }
 

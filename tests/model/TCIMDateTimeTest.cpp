@@ -289,6 +289,19 @@ TEST(TCIMDateTimeSum, HourStaysInDaylightSaving) {
             (TCIMDateTime("20050715123456.000000-240") + TCIMDateTime(153, 0, 0, 0, 0)).ToString());
 }
 
+// The hour around which the clocks change is an hour like any other.
+TEST(TCIMDateTimeSum, EveryHourOfAYearStaysInEveryZone) {
+  const TCIMDateTime zero(0, 0, 0, 0, 0);
+  for (const char* zone : kZones) {
+    const TZone use(zone);
+    for (unsigned int hours = 0; hours < 365 * 24; ++hours) {
+      const auto hour = static_cast<unsigned short>(hours % 24);
+      const TCIMDateTime time(2005, 1, 1 + hours / 24, hour, 29, 17, 0, 0);
+      ASSERT_TRUE(time + zero == time) << zone << ": day " << 1 + hours / 24 << " hour " << hour;
+    }
+  }
+}
+
 TEST(TCIMDateTimeUIString, ForPeople) {
   const struct {
     const char* text;

@@ -45,6 +45,18 @@ TEST(TOSSpecificTime, OffsetCountsDaylightSaving) {
   EXPECT_EQ(-240, static_cast<short>(TOSSpecific::GetLocalTime().GetUTCOffset()));
 }
 
+short Offset() { return static_cast<short>(TOSSpecific::GetLocalTime().GetUTCOffset()); }
+
+TEST(TOSSpecificTime, NoticesAZoneThatNobodyAnnounced) {
+  const TZone restored("UTC0");
+  unsetenv("TZ");
+  const short home = Offset();
+  setenv("TZ", "AAA-5:07", 1);
+  EXPECT_EQ(307, Offset());
+  unsetenv("TZ");
+  EXPECT_EQ(home, Offset());
+}
+
 TEST(TOSSpecificNames, MachineAndOperatingSystemBearTheHostsName) {
   utsname host;
   ASSERT_EQ(0, uname(&host));

@@ -11,6 +11,8 @@
 
 #include <vector>
 
+#include "model/TypeName.h"
+
 namespace {
 
 // Items as text with separators between them.
@@ -34,8 +36,8 @@ std::string PictureOf(const TCIMReference& reference) {
 }
 
 std::string TypeOf(const TCIMValue& value) {
-  const TCIMValue::TCIMType type = value.GetType();
-  std::string text = type == TCIMValue::TCIMType::cimNone ? "none" : type.ToString();
+  const char* const name = vsk::detail::FindTypeName(value.GetType());
+  std::string text = name == nullptr ? "none" : name;
   if (value.IsArray()) text += "[]";
   const TCIMClass* referenced = value.FindReferencedClass();
   if (value.IsReference() && referenced != nullptr) text += " " + referenced->GetName();

@@ -52,7 +52,7 @@ class VSK_EXPORT TCIMXMLParser : public TXmlParser {
   void notationDecl(const char* const name, const char* const publicId,
                     const char* const systemId) override;
   // Logs "CIM-XML Parser line <n>:<message>" and throws vskStatusInvalidSpecificationDocument.
-  void FatalError(const char* const message) override;
+  [[noreturn]] void FatalError(const char* const message) override;
 
   // The classes that this document added through an object element, in document order; those sent
   // in a message are not among them. The container owns them.
@@ -67,10 +67,10 @@ class VSK_EXPORT TCIMXMLParser : public TXmlParser {
   // reference, arrays) makes a value of type cimNone.
   TCIMValue ParseValue(TCIMValue::TCIMType type, std::string& text);
 
-  // "true" or "false" in any case of letters, and a decimal number; leading white space and what
-  // follows are passed over. Anything else is logged and throws
-  // vskStatusInvalidSpecificationDocument; the log names the line in a non-static call.
+  // "true" or "false" in any case of letters; leading white space and what follows are passed over.
+  // Anything else is logged and throws vskStatusInvalidSpecificationDocument.
   static bool ConvertBool(std::string& text);
+  // A decimal number, likewise; the log names the line.
   unsigned int ConvertUnsignedInt(std::string& text);
 
  private:

@@ -31,15 +31,18 @@ class VSK_EXPORT TXmlParser {
   TXmlParser& operator=(const TXmlParser& other);
 
   // The callbacks. Their order in the virtual table is part of the contract.
+
   virtual ~TXmlParser();
   // A start tag, its attributes all read. For <a/> EndElement follows at once.
   virtual void StartElement(const char* const name, TAttributes& attributes) = 0;
+  // The end of the element, by its end tag or at once.
   virtual void EndElement(const char* const name) = 0;
   // Target and data are not read: both arguments are "TBD".
   virtual void processingInstruction(const char* const target, const char* const data) = 0;
   // A run of text or one resolved reference; one text may come in several calls. NUL-terminated,
   // but it may also hold a NUL (&#0;), so the length counts.
   virtual void characters(const char* const text, unsigned int length) = 0;
+  // A notation declaration. It is not read either: all three are "TBD".
   virtual void notationDecl(const char* const name, const char* const publicId,
                             const char* const systemId) = 0;
   // A syntax error. Must not return: throw. The reader then leaves everything as it is.
@@ -57,14 +60,16 @@ class VSK_EXPORT TXmlParser {
   // of Parse on.
   unsigned int GetCurLine();
 
-  static constexpr unsigned int kMaxDepth = 256;
+  static constexpr unsigned int kMaxDepth = 256;  // of open elements, the root among them
 
  private:
   struct TAttribute;
   class TAttributeFiller;
+  struct TLevel;
   class TLevels;
 
   VSK_LOCAL char GetChar();
+  VSK_LOCAL bool Accept(char expected);
   VSK_LOCAL char PeekChar();
   VSK_LOCAL void UngetChar();
   VSK_LOCAL bool SkipWhitespace();
@@ -77,12 +82,12 @@ class VSK_EXPORT TXmlParser {
   VSK_LOCAL bool ParseNotationDecl();
   VSK_LOCAL bool SkipComment();
   VSK_LOCAL bool ParseElement(TLevels& levels);
-  VSK_LOCAL bool ParseAttributes(TAttributeFiller& filler, TAttributes& attributes);
+  VSK_LOCAL bool ParseStartTag(TLevels& levels);
+  VSK_LOCAL bool ParseAttributes(TAttributeFiller& filler);
   VSK_LOCAL bool ParseAttribute(TAttribute& attribute);
   VSK_LOCAL bool ParseAttributeValue(char quote);
   VSK_LOCAL bool ParseCharData();
-  VSK_LOCAL bool ParseContent(TLevels& levels, std::string_view name);
-  VSK_LOCAL bool ParseEndTag(std::string_view name);
+  VSK_LOCAL bool ParseEndTag(TLevels& levels);
   VSK_LOCAL bool ConsumeName(std::string_view name);
   VSK_LOCAL bool ParseReference();
   VSK_LOCAL bool ParseNumericReference();

@@ -55,7 +55,7 @@ class VSK_EXPORT ILogger {
   // Sets the threshold: levels up to it pass. Any number is taken; a negative one silences all but
   // level 100. A new logger has 2.
   virtual void SetLevel(std::int32_t level) = 0;
-  virtual std::int32_t GetLevel() = 0;
+  virtual std::int32_t GetLevel() = 0;  // as it was set
 };
 
 #endif

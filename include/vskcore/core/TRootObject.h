@@ -21,7 +21,7 @@ class IQueryManager;
 // a decimal number, sets the log's threshold at the start (2 without it; above 4 counts as 1).
 class VSK_EXPORT TRootObject {
  public:
-  static ILogger* GetCoreLogger();
+  static ILogger* GetCoreLogger();            // null when not even that was made
   static IPluginManager* GetPluginManager();  // null when start-up did not get that far
   static IQueryManager* GetQueryManager();    // null when the start failed
 };

@@ -14,12 +14,13 @@
 // length and range errors out.
 class TVSKException : public std::exception {
  public:
+  // Any number is taken.
   explicit TVSKException(vskStatus code) : status(code) {}
 
   // The enumerator's name of the status, by vskTranslateStatusCode.
   const char* what() const noexcept override { return vskTranslateStatusCode(status); }
 
-  vskStatus status;
+  vskStatus status;  // why it was thrown
 };
 
 #endif

@@ -3,6 +3,7 @@
 #define VSKCORE_CORE_VSKEXPORT_H
 
 #if defined(__GNUC__)
+/* What hosts and plug-ins may use. */
 #define VSK_EXPORT __attribute__((visibility("default")))
 /* A member of an exported class that only the library itself calls. */
 #define VSK_LOCAL __attribute__((visibility("hidden")))

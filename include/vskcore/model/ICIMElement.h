@@ -17,6 +17,7 @@ class VSK_EXPORT ICIMElement {
   virtual void Validate() const = 0;
   // Validates and joins. From success on the container's side owns the element.
   virtual void AddToContainer() const = 0;
+  // The container that it was made for, joined or not.
   virtual TContainer& GetContainer() const = 0;
 };
 

@@ -49,7 +49,7 @@ class VSK_EXPORT TCIMClass : public ICIMElement, public ICIMAllowQualifiers {
   void AddToContainer() const override;
   TContainer& GetContainer() const override;
 
-  const std::string& GetName() const;
+  const std::string& GetName() const;  // as it was given, in its case of letters
   // True for a class without a superclass in the schema; false for the container's hidden root.
   bool IsRootClass() const;
   // The container's root class where the schema names none. Throws vskStatusNotFound on the root

@@ -26,6 +26,7 @@ class TCIMDateTimeImpl;
 class VSK_EXPORT TCIMDateTime {
  public:
   TCIMDateTime();  // NULL
+  // As the Set of the same arguments.
   TCIMDateTime(unsigned short year, unsigned short month, unsigned int day, unsigned short hour,
                unsigned short minute, unsigned short second, unsigned int microseconds,
                short utcOffset);
@@ -48,6 +49,7 @@ class VSK_EXPORT TCIMDateTime {
   // Makes this NULL.
   void Clear();
 
+  // Which of the three it is.
   bool IsNull() const;
   bool IsInterval() const;
 

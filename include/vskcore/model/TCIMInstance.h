@@ -46,7 +46,7 @@ class VSK_EXPORT TCIMInstance : public ICIMElement {
   // looks for another instance with the same keys. On failure the caller still owns it.
   void AddToContainer() const override;
   TContainer& GetContainer() const override;
-  TCIMClass& GetClass() const;
+  TCIMClass& GetClass() const;  // the one that it was made for
 
   // Replaces value and declaration of the property of that name. Throws vskStatusNotFound when
   // there is none. The other declaration is borrowed and must outlive this instance.

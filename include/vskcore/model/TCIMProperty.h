@@ -25,12 +25,12 @@ class VSK_EXPORT TCIMProperty {
   TCIMProperty& operator=(const TCIMProperty& other);
   ~TCIMProperty();
 
-  const std::string GetName() const;
-  const TCIMValue GetValue() const;  // a copy: the own value, or the declaration's
-  TCIMValue::TCIMType GetType() const;
-  bool IsArray() const;
-  const TCIMPropertyDecl& GetDeclaration() const;
-  bool GetPropagated() const;  // true while there is no own value
+  const std::string GetName() const;               // the declaration's
+  const TCIMValue GetValue() const;                // a copy: the own value, or the declaration's
+  TCIMValue::TCIMType GetType() const;             // the declaration's, array flag included
+  bool IsArray() const;                            // likewise
+  const TCIMPropertyDecl& GetDeclaration() const;  // borrowed
+  bool GetPropagated() const;                      // true while there is no own value
 
   // Stores a copy. The type, array flag included, must be the declaration's, and a reference's
   // class the declared one or a subclass of it (a NULL reference may also have no class). Else

@@ -13,6 +13,9 @@
 class TCIMClass;
 class TCIMPropertyDeclImpl;
 class TCIMQualifier;
+namespace vsk::detail {
+struct TPeek;
+}
 
 // A name, the class that it was made for, qualifiers, and a value that gives both the type and the
 // default: usually a typed NULL, which for a reference also names the referenced class.
@@ -44,15 +47,15 @@ class VSK_EXPORT TCIMPropertyDecl : public ICIMAllowQualifiers {
   // - vskStatusTypeMismatch: OVERRIDE with another type.
   void AddToContainer() const;
 
-  const std::string& GetName() const;
+  const std::string& GetName() const;  // as it was given, in its case of letters
   // A declaration in a class's table is still found under its old name only.
   void SetName(const std::string& name);
   const TCIMValue& GetValue() const;  // the value itself; valid until SetValue
   // Any value, unchecked. Fails as assigning a value does.
   void SetValue(const TCIMValue& value);
-  TCIMValue::TCIMType GetType() const;
-  bool IsArray() const;
-  TCIMClass& GetClass() const;  // the class that declares it, also seen from a subclass
+  TCIMValue::TCIMType GetType() const;  // of the value, array flag included
+  bool IsArray() const;                 // likewise
+  TCIMClass& GetClass() const;          // the class that declares it, also seen from a subclass
 
   void AddQualifier(TCIMQualifier& qualifier) override;
   const TCIMQualifier& GetQualifier(const std::string& name) const override;
@@ -67,6 +70,7 @@ class VSK_EXPORT TCIMPropertyDecl : public ICIMAllowQualifiers {
 
  private:
   friend class TCIMClassImpl;
+  friend struct vsk::detail::TPeek;
 
   boost::shared_ptr<TCIMPropertyDeclImpl> impl_;
 };

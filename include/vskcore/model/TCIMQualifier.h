@@ -27,18 +27,18 @@ class VSK_EXPORT TCIMQualifier {
   TCIMQualifier& operator=(const TCIMQualifier&) = delete;
   ~TCIMQualifier();
 
-  const std::string& GetName() const;
+  const std::string& GetName() const;   // the declaration's
   TCIMValue::TCIMType GetType() const;  // of this qualifier's value, not of the declaration
-  bool IsArray() const;
-  const TCIMQualifierDecl& GetDeclaration() const;
-  const TCIMValue GetValue() const;
+  bool IsArray() const;                 // likewise
+  const TCIMQualifierDecl& GetDeclaration() const;  // borrowed
+  const TCIMValue GetValue() const;                 // a copy
   // These three clear the propagated flag: a changed copy no longer stands for the superclass's.
   void SetValue(const TCIMValue& value);
   void SetFlavor(TCIMQualifierDecl::EFlavor flavor);    // adds bits
   void UnsetFlavor(TCIMQualifierDecl::EFlavor flavor);  // takes bits away
-  TCIMQualifierDecl::EFlavor GetFlavor() const;
-  bool GetPropagated() const;
-  void SetPropagated(bool propagated);
+  TCIMQualifierDecl::EFlavor GetFlavor() const;         // its own, not the declaration's
+  bool GetPropagated() const;                           // true for a copy that a subclass took over
+  void SetPropagated(bool propagated);                  // for who copies it into a subclass
 
   // By the declarations' names alone, in any case of letters. Throw vskStatusInvalidCIMName.
   bool operator==(const TCIMQualifier& other) const;

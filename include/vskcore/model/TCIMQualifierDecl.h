@@ -20,12 +20,14 @@ class TContainer;
 // its declaration.
 class VSK_EXPORT TCIMQualifierDecl {
  public:
+  // How a qualifier fares behind its first use: bits.
   enum EFlavor : std::int32_t {
     flavorNone = 0,
     flavorOverridable = 1,   // a later qualifier of the name replaces this one
     flavorToSubclass = 2,    // a class qualifier is copied into subclasses as they are made
     flavorTranslatable = 4,  // carried along
   };
+  // What it is meant for: bits.
   enum EScope : std::int32_t {
     scopeNone = 0,
     scopeClass = 1,
@@ -36,26 +38,27 @@ class VSK_EXPORT TCIMQualifierDecl {
 
   // No name, a NULL without a type, no scope, no flavor.
   explicit TCIMQualifierDecl(TContainer& container);
+  // The name is not checked here but when the declaration joins its container.
   TCIMQualifierDecl(TContainer& container, const std::string& name, const TCIMValue& value,
                     EScope scope, EFlavor flavor);
   TCIMQualifierDecl(const TCIMQualifierDecl&) = delete;
   TCIMQualifierDecl& operator=(const TCIMQualifierDecl&) = delete;
   virtual ~TCIMQualifierDecl();
 
-  const std::string& GetName() const;
+  const std::string& GetName() const;  // as it was given, in its case of letters
   // A declaration in a container's table keeps the key under which it was added.
   void SetName(const std::string& name);
-  TCIMValue::TCIMType GetType() const;
-  bool IsArray() const;
-  const TCIMValue GetValue() const;
+  TCIMValue::TCIMType GetType() const;  // of the default value, array flag included
+  bool IsArray() const;                 // likewise
+  const TCIMValue GetValue() const;     // a copy of the default value
   // Any value; the type is not held against the one before. Fails as assigning a value does.
   void SetValue(const TCIMValue& value);
-  TContainer& GetContainer() const;
-  EScope GetScope() const;
+  TContainer& GetContainer() const;  // the one that it was made for
+  EScope GetScope() const;           // as it was given
   // Add and take away bits. Only qualifiers made later see the change.
   void SetFlavor(EFlavor flavor);
   void UnsetFlavor(EFlavor flavor);
-  EFlavor GetFlavor() const;
+  EFlavor GetFlavor() const;  // what a new qualifier starts with
 
   void Validate() const;  // accepts everything
   // Hands this heap object to its container, at once and for good: it is destroyed when the call
@@ -71,6 +74,7 @@ class VSK_EXPORT TCIMQualifierDecl {
   boost::shared_ptr<TCIMQualifierDeclImpl> impl_;
 };
 
+// Bits, as in the numbers.
 constexpr TCIMQualifierDecl::EFlavor operator|(TCIMQualifierDecl::EFlavor left,
                                                TCIMQualifierDecl::EFlavor right) {
   return static_cast<TCIMQualifierDecl::EFlavor>(static_cast<std::int32_t>(left) |
@@ -84,6 +88,7 @@ constexpr TCIMQualifierDecl::EFlavor operator&(TCIMQualifierDecl::EFlavor left,
 constexpr TCIMQualifierDecl::EFlavor operator~(TCIMQualifierDecl::EFlavor flavor) {
   return static_cast<TCIMQualifierDecl::EFlavor>(~static_cast<std::int32_t>(flavor));
 }
+// Bits, as in the numbers.
 constexpr TCIMQualifierDecl::EScope operator|(TCIMQualifierDecl::EScope left,
                                               TCIMQualifierDecl::EScope right) {
   return static_cast<TCIMQualifierDecl::EScope>(static_cast<std::int32_t>(left) |

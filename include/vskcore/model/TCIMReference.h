@@ -28,13 +28,18 @@ struct TPeek;
 //   disk.GetPath();                                      // Sample_Disk.Id="7"
 //   ICIMElement& found = disk.GetCIMElement();           // the instance
 //
-// A value: copies are deep. The class, the container and the instance that it finds are borrowed.
-// The target is looked up once and remembered; when that instance has been removed since, it is
-// looked up anew. GetCIMElement writes what it remembers, so one reference serves one thread.
+// A key may be a path again, and so on to any depth that memory has room for. A copy costs the same
+// however much there is to it.
+//
+// A value: copies are independent. The class, the container and the instance that it finds are
+// borrowed. The target is looked up once and remembered; when that instance has been removed since,
+// it is looked up anew. GetCIMElement writes what it remembers, so one reference serves one thread.
 class VSK_EXPORT TCIMReference {
  public:
+  // Key names to values.
   using TKeyBindings = std::map<const std::string, const TCIMValue>;
 
+  // Points nowhere yet.
   explicit TCIMReference(const TContainer* container = nullptr);
   // Always fails, as SetPath does.
   TCIMReference(const TContainer* container, const std::string& path);

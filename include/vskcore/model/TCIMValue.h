@@ -28,12 +28,16 @@ struct TPeek;
 //   std::uint64_t bytes = size;          // 4096
 //   std::string text = size.ToString(16);  // "0000000000001000"
 //
+// No type has arrays in arrays, yet elements can be made to hold them. They are copied and printed
+// down to 64 levels; below, that throws vskStatusNotSupported.
+//
 // No locks: one value, one thread; two copies are independent.
 class VSK_EXPORT TCIMValue {
  public:
   // Names a CIM type and converts it from and to its name.
   class VSK_EXPORT TCIMType {
    public:
+    // The numbers are part of the contract.
     enum ECIMType : std::int32_t {
       cimNone = 0,
       cimBoolean = 1,
@@ -54,7 +58,7 @@ class VSK_EXPORT TCIMValue {
       cimArrayFlag = 16  // OR-ed in for an array
     };
 
-    TCIMType(ECIMType type = cimNone) : type_(type) {}
+    TCIMType(ECIMType type = cimNone) : type_(type) {}  // any word, unchecked
     // By name in any case of letters: "boolean", "uint8" to "sint64", "real32", "real64",
     // "string", "datetime". Any other text, "char" and "reference" too, throws
     // vskStatusTypeMismatch.
@@ -72,11 +76,12 @@ class VSK_EXPORT TCIMValue {
    private:
     ECIMType type_;
   };
-  using ECIMType = TCIMType::ECIMType;
+  using ECIMType = TCIMType::ECIMType;  // for short
 
   TCIMValue();  // cimNone, NULL
   // A NULL of that type. A size other than 0 is kept as the array's bound and makes it an array.
   TCIMValue(TCIMType type, unsigned int arraySize);
+  // As the Set of the same argument.
   TCIMValue(bool value);
   TCIMValue(unsigned char value);
   TCIMValue(signed char value);
@@ -142,11 +147,11 @@ class VSK_EXPORT TCIMValue {
   // Makes this a NULL of that type. The bound is stored only with the array flag.
   void SetNullValue(ECIMType type, unsigned int arraySize);
 
-  bool IsNull() const { return impl_ == nullptr; }
+  bool IsNull() const { return impl_ == nullptr; }  // has a type and no content
   bool IsArray() const { return (type_ & TCIMType::cimArrayFlag) != 0; }  // a NULL array too
   bool IsReference() const { return type_ == TCIMType::cimReference; }    // not an array of them
-  TCIMType GetType() const { return type_; }
-  unsigned int GetMaxArraySize() const { return maxArraySize_; }
+  TCIMType GetType() const { return type_; }                              // of a NULL too
+  unsigned int GetMaxArraySize() const { return maxArraySize_; }          // 0 without a bound
 
   // The class that a NULL reference would point to. Throws vskStatusInvalidOpSequence when the
   // value isn't NULL. The class is borrowed and must outlive its use here.
@@ -162,6 +167,8 @@ class VSK_EXPORT TCIMValue {
   // NULL, for a NULL element too.
   std::string ToString(unsigned char radix) const;
 
+  // The content. Throws vskStatusValueIsNULL, and vskStatusTypeMismatch unless the C++ type is
+  // that of the value's CIM type.
   operator bool() const;
   operator unsigned char() const;
   operator signed char() const;
@@ -205,6 +212,7 @@ class VSK_EXPORT TCIMValue {
   VSK_LOCAL const TCIMValueImpl& Content(ECIMType expected) const;
 };
 
+// Bits, as in the numbers.
 constexpr TCIMValue::ECIMType operator|(TCIMValue::ECIMType left, TCIMValue::ECIMType right) {
   return static_cast<TCIMValue::ECIMType>(static_cast<std::int32_t>(left) |
                                           static_cast<std::int32_t>(right));

@@ -24,6 +24,7 @@ class VSK_EXPORT TCIMValueImpl {
  public:
   virtual ~TCIMValueImpl();
 
+  // The content, in its own C++ type.
   virtual operator bool() const;
   virtual operator unsigned char() const;
   virtual operator signed char() const;
@@ -40,9 +41,9 @@ class VSK_EXPORT TCIMValueImpl {
   virtual operator TCIMReference() const;
   virtual operator std::vector<TCIMValue>&() const;
 
-  // The rules of TCIMValue::ToString and of its comparisons; other values of another type give
-  // false.
+  // By the rules of TCIMValue::ToString.
   virtual std::string ToString(unsigned char radix) const = 0;
+  // By the rules of TCIMValue's comparisons; another value of another type gives false.
   virtual bool operator==(const TCIMValue& other) const = 0;
   virtual bool operator<(const TCIMValue& other) const = 0;
 };
@@ -50,6 +51,7 @@ class VSK_EXPORT TCIMValueImpl {
 // A boolean, an integer or a real. Each conversion demands its own type exactly.
 class VSK_EXPORT TCIMNumericValueImpl : public TCIMValueImpl {
  public:
+  // The C++ type picks the CIM type.
   explicit TCIMNumericValueImpl(bool value);
   explicit TCIMNumericValueImpl(unsigned char value);
   explicit TCIMNumericValueImpl(signed char value);
@@ -106,6 +108,7 @@ class VSK_EXPORT TCIMNumericValueImpl : public TCIMValueImpl {
 // A string of bytes; comparisons are byte-wise.
 class VSK_EXPORT TCIMStringValueImpl : public TCIMValueImpl {
  public:
+  // A copy of the text, which is not null.
   explicit TCIMStringValueImpl(const std::string& text);
   explicit TCIMStringValueImpl(const char* text);
   TCIMStringValueImpl(const TCIMStringValueImpl& other);
@@ -121,9 +124,10 @@ class VSK_EXPORT TCIMStringValueImpl : public TCIMValueImpl {
   std::string text_;
 };
 
+// A date-time; text and comparisons fail as those of TCIMDateTime.
 class VSK_EXPORT TCIMDateTimeValueImpl : public TCIMValueImpl {
  public:
-  explicit TCIMDateTimeValueImpl(const TCIMDateTime& dateTime);
+  explicit TCIMDateTimeValueImpl(const TCIMDateTime& dateTime);  // a copy of it
   TCIMDateTimeValueImpl(const TCIMDateTimeValueImpl& other);
 
   operator TCIMDateTime() const override;
@@ -138,7 +142,7 @@ class VSK_EXPORT TCIMDateTimeValueImpl : public TCIMValueImpl {
 // An array. Its comparisons throw vskStatusNotImplemented.
 class VSK_EXPORT TCIMArrayValueImpl : public TCIMValueImpl {
  public:
-  explicit TCIMArrayValueImpl(const std::vector<TCIMValue>& elements);
+  explicit TCIMArrayValueImpl(const std::vector<TCIMValue>& elements);  // copies of them
   TCIMArrayValueImpl(const TCIMArrayValueImpl& other);
 
   operator std::vector<TCIMValue>&() const override;
@@ -147,14 +151,17 @@ class VSK_EXPORT TCIMArrayValueImpl : public TCIMValueImpl {
   bool operator<(const TCIMValue& other) const override;
 
  private:
+  friend class TCIMValue;
+
   mutable std::vector<TCIMValue> elements_;  // handed out for change from a const value
+  TCIMArrayValueImpl* nextToGo_ = nullptr;   // while arrays in arrays are destroyed
 };
 
 // A reference. Storing one looks its instance up, so that copies carry the resolved instance; an
 // instance that doesn't exist yet is no failure.
 class VSK_EXPORT TCIMReferenceValueImpl : public TCIMValueImpl {
  public:
-  explicit TCIMReferenceValueImpl(const TCIMReference& reference);
+  explicit TCIMReferenceValueImpl(const TCIMReference& reference);  // a copy of it
   TCIMReferenceValueImpl(const TCIMReferenceValueImpl& other);
 
   operator TCIMReference() const override;

@@ -35,11 +35,14 @@ class VSK_EXPORT TContainer {
   // New heap objects that are not added yet and belong to the caller. The order of these three in
   // the virtual table is part of the contract. A null superclass means none.
   virtual TCIMClass& AllocateClass(const std::string& name, TCIMClass* superClass) const;
+  // Fails as TCIMInstance's constructor does.
   virtual TCIMInstance& AllocateInstance(TCIMClass* cimClass) const;
+  // Scope and flavor are the bits of TCIMQualifierDecl.
   virtual TCIMQualifierDecl& AllocateQualifierDecl(const std::string& name, const TCIMValue& value,
                                                    TCIMQualifierDecl::EScope scope,
                                                    TCIMQualifierDecl::EFlavor flavor) const;
 
+  // The hidden class above all others, whose name is empty.
   TCIMClass& GetRootClass() const;
   // Throws vskStatusNotFound when absent.
   TCIMClass& GetClass(const std::string& name) const;

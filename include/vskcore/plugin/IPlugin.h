@@ -23,7 +23,7 @@ class VSK_EXPORT IPlugin {
   virtual IPluginCallbacks* GetCallbacks() = 0;
   // Calls the plug-in's Initialize; its exception passes on and leaves it uninitialised.
   virtual void Initialize() = 0;
-  virtual bool IsInitialized() = 0;
+  virtual bool IsInitialized() = 0;  // whether Initialize has returned
   // The library's path; empty until the load has returned.
   virtual const std::string GetPath() = 0;
   // The path of its specification document. Throws vskStatusFail when the library's path holds no

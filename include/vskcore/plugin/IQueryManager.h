@@ -24,7 +24,8 @@ class VSK_EXPORT IQueryManager {
   // DONTCOLLECT are left out. classNames restricts the collection to those exact names; empty means
   // all. The target must declare the classes; normally it is IPluginManager::GetContainer, whose
   // classes tell what has been collected already. The failure of a plug-in is logged and costs
-  // only its call.
+  // only its call. A plug-in may call this while it is being asked; a turn in that collection for a
+  // class that is being asked for already fails with vskStatusInvalidOpSequence.
   virtual void QueryClasses(TContainer* target, std::vector<std::string> classNames) = 0;
   // One plug-in, one pass; associations is true for the second.
   virtual void QueryPlugin(IPlugin* plugin, TContainer* target, std::vector<std::string> classNames,

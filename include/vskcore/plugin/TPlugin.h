@@ -25,7 +25,7 @@ class VSK_EXPORT TPlugin : public IPlugin {
   const std::string GetSpecificationPath() override;
   std::vector<TCIMClass*> GetClassesCollected() override;
 
-  void SetPath(std::string path);
+  void SetPath(std::string path);  // of the library, once its load has returned
   // Reads the specification document into the plug-in manager's container and marks the classes
   // that it added with PLUGINNAME and PLUGINVERSION. What TContainer::PopulateContainerFromFile
   // throws passes on, with the classes as they were. Without declarations of the two qualifiers it

@@ -7,11 +7,11 @@
 #include <vskcore/plugin/IPluginCallbacks.h>
 
 using std::string;
+using vsk::detail::kRecordOnly;
 
 namespace {
 
 constexpr std::int32_t kVerbose = 4;
-constexpr std::int32_t kRecordOnly = 100;
 constexpr std::int32_t kMaxDataLength = 10240;
 
 const char kDigits[] = "0123456789abcdef";
@@ -67,8 +67,8 @@ void TLogger::LogData(IPlugin* plugin, std::int32_t level, const void* data, std
 }
 
 void TLogger::Log(IPlugin* plugin, std::int32_t level, const string& text) {
+  if (vsk::detail::IsDropped(level, level_)) return;
   if (level == kRecordOnly) return AddRecord(plugin, level, text);
-  if (level > level_) return;
   Deliver(plugin, level, text);
 }
 

@@ -31,6 +31,14 @@ class TLogger : public ILogger {
 
 namespace vsk::detail {
 
+// A record without a line, whatever the threshold.
+constexpr std::int32_t kRecordOnly = 100;
+
+// Whether Log does nothing with a message of that level.
+constexpr bool IsDropped(std::int32_t level, std::int32_t threshold) {
+  return level != kRecordOnly && level > threshold;
+}
+
 // Creates the logger that TRootObject::GetCoreLogger hands out, before anything else of the core.
 // It belongs to the process; a second call leaves it as it is.
 vskStatus CreateCoreLogger();

@@ -4,6 +4,7 @@
 #include <vskcore/plugin/IPluginCallbacks.h>
 
 #include "core/log/IPluginHandle.h"
+#include "core/log/TLogger.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ IPlugin* PluginOf(vskPluginHandle handle) {
 void vskWriteLog(vskPluginHandle handle, int32_t level, const char* text) {
   try {
     ILogger* const logger = TRootObject::GetCoreLogger();
+    if (vsk::detail::IsDropped(level, logger->GetLevel())) return;  // before a string is made of it
     if (text == nullptr) return logger->Log(nullptr, level, "vskWriteLog: NULL text parameter");
     logger->Log(PluginOf(handle), level, text);
   } catch (...) {

@@ -65,20 +65,23 @@ bool IsSurelyInRange(unsigned short year, unsigned short month, unsigned int day
          hour < 24 && minute < 60 && second <= 60 && std::abs(utcOffset) <= 24 * 60;
 }
 
+// Not by localtime: its result is one for all threads.
 std::tm BrokenDown(std::time_t seconds) {
-  const std::tm* const time = std::localtime(&seconds);
-  if (time == nullptr) Refuse();
-  return *time;
+  std::tm time;
+  if (localtime_r(&seconds, &time) == nullptr) Refuse();
+  return time;
 }
 
 // In the zone's standard time, as CalendarTime reads it. Reading a summer's clock without daylight
 // saving adds the saving: an hour in most zones, half of one in some, and below zero where the
-// flag stands for winter.
+// flag stands for winter. The clock is set back, not the instant: that may lie ahead of the change.
 std::tm StandardWallClock(std::int64_t seconds) {
-  const std::tm time = BrokenDown(seconds);
+  std::tm time = BrokenDown(seconds);
   if (time.tm_isdst <= 0) return time;
   const std::int64_t saving = MakeTime(time) - seconds;
-  return BrokenDown(seconds - saving);
+  time.tm_sec -= static_cast<int>(saving);
+  timegm(&time);  // for the carry alone
+  return time;
 }
 
 // The interval of a total of microseconds.
@@ -245,8 +248,8 @@ std::string TCIMDateTimeImpl::ToString() const {
 
 std::string TCIMDateTimeImpl::ToUIString() const {
   if (null_) Refuse();
-  std::string text;
   if (interval_) {
+    std::string text;
     AppendPart(text, day_, "day");
     AppendPart(text, hour_, "hour");
     AppendPart(text, minute_, "minute");

@@ -38,7 +38,7 @@ class TKeyMode {
     Uninterrupted([&] { return tcsetattr(STDIN_FILENO, TCSANOW, &settings); });
   }
 
-  termios before_;
+  termios before_ = {};
   bool active_;
 };
 

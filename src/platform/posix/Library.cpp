@@ -12,6 +12,7 @@ using vsk::detail::LogDebug;
 void TOSSpecific::LoadPluginLibrary(string path) {
   // A bare name would be sought in the system's folders, and an empty one mean this program.
   if (path.find(kFileSeparator) == string::npos) path.insert(0, "." + kFileSeparator);
+  // cppcheck-suppress leakReturnValNotUsed ; never unloaded, so nobody keeps the handle
   if (dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) != nullptr) return;
   const char* const reason = dlerror();
   LogDebug(reason != nullptr ? reason : path);

@@ -1,18 +1,32 @@
 // The clock and the host's name.
+#include <stdlib.h>
 #include <time.h>
 #include <unistd.h>
 #include <vskcore/core/TVSKException.h>
 #include <vskcore/model/TCIMDateTime.h>
 #include <vskcore/platform/TOSSpecific.h>
 
+namespace {
+
+// Sees to it that the zone is the one that the rest of the process uses now, not the one it had
+// when it first asked. Where TZ names none, that means a look at the file system, so it is done
+// once a second: an instance is stamped with the time of its making.
+void ReadZone(time_t now) {
+  thread_local time_t lastLook = 0;
+  const bool isNamed = getenv("TZ") != nullptr;
+  if (!isNamed && now == lastLook) return;
+  tzset();
+  lastLook = isNamed ? 0 : now;
+}
+
+}  // namespace
+
 TCIMDateTime TOSSpecific::GetLocalTime() {
   timespec now;
   tm local;
-  // The zone that the rest of the process uses now, not the one it had when it first asked.
-  tzset();
-  if (clock_gettime(CLOCK_REALTIME, &now) != 0 || localtime_r(&now.tv_sec, &local) == nullptr) {
-    throw TVSKException(vskStatusInvalidDateTime);
-  }
+  if (clock_gettime(CLOCK_REALTIME, &now) != 0) throw TVSKException(vskStatusInvalidDateTime);
+  ReadZone(now.tv_sec);
+  if (localtime_r(&now.tv_sec, &local) == nullptr) throw TVSKException(vskStatusInvalidDateTime);
   const auto milliseconds = static_cast<unsigned int>(now.tv_nsec / 1000000);
   return TCIMDateTime(
       static_cast<unsigned short>(local.tm_year + 1900),

@@ -29,12 +29,15 @@ const long kStalledSeconds = 60;
 // would bring some thirty libraries into every process that loads the core, for a call that most
 // never make.
 struct TCurl {
+  // cppcheck-suppress noDestructor ; it stays loaded
   TCurl() : library(dlopen("libcurl.so.4", RTLD_NOW | RTLD_LOCAL)) {
     isReady = Find(globalInit, "curl_global_init") && Find(init, "curl_easy_init") &&
               Find(set, "curl_easy_setopt") && Find(perform, "curl_easy_perform") &&
               Find(escape, "curl_easy_escape") && Find(free, "curl_free") &&
               Find(cleanup, "curl_easy_cleanup") && globalInit(CURL_GLOBAL_DEFAULT) == CURLE_OK;
   }
+  TCurl(const TCurl&) = delete;
+  TCurl& operator=(const TCurl&) = delete;
 
   // The one of the process, made by whichever thread comes first.
   static const TCurl& Get() {
@@ -49,7 +52,7 @@ struct TCurl {
     return function != nullptr;
   }
 
-  void* library;
+  void* library;  // cppcheck-suppress unsafeClassCanLeak ; it stays loaded
   bool isReady;
   decltype(&curl_global_init) globalInit;
   decltype(&curl_easy_init) init;

@@ -1,0 +1,95 @@
+// What the core does without the heap.
+#include <gtest/gtest.h>
+#include <vskcore/core/ILogger.h>
+#include <vskcore/core/TRootObject.h>
+#include <vskcore/core/vskLog.h>
+#include <vskcore/model/TCIMClass.h>
+#include <vskcore/model/TCIMInstance.h>
+#include <vskcore/model/TCIMProperty.h>
+#include <vskcore/model/TCIMPropertyDecl.h>
+#include <vskcore/model/TContainer.h>
+
+#include "allocations/AllocationsOf.h"
+#include "support/TLogCapture.h"
+#include "support/TSchema.h"
+
+namespace {
+
+using TType = TCIMValue::TCIMType;
+
+TCIMValue Strings(const std::vector<TCIMValue>& texts) {
+  return TCIMValue(TType::cimString, 0, texts);
+}
+
+class AllocationTest : public testing::Test {
+ protected:
+  TContainer container;
+  TSchema schema{container};
+  TCIMClass& disk = schema.Class("Sample_DiskUnit")
+                        .Key("Id", TType::cimUint32)
+                        .Property("InterfaceType15", TType::cimUint16)
+                        .With("Values", Strings({"SAS", "SATA"}))
+                        .Property("CapacityInBytes16", TCIMValue(std::uint64_t{5}))
+                        .With("Values", Strings({"one"}))
+                        .With("ValueMap", Strings({"1", "more than there are texts"}))
+                        .Add();
+  TCIMInstance& instance =
+      schema.Add(disk, {{"Id", 7U}, {"InterfaceType15", static_cast<unsigned short>(1)}});
+};
+
+}  // namespace
+
+TEST_F(AllocationTest, LookingUpAnOrdinaryNameTakesNothing) {
+  const struct {
+    std::string name;
+    bool isClass;
+    bool isProperty;
+  } kRows[] = {
+      {"Sample_DiskUnit", true, false},
+      {"SAMPLE_DISKUNIT", true, false},
+      {"InterfaceType15", false, true},
+      {"INTERFACETYPE15", false, true},
+      {"Sample_DiskUnix", false, false},
+      {"id", false, true},
+      {"", true, false},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.name);
+    TCIMClass* foundClass = nullptr;
+    const TCIMPropertyDecl* declaration = nullptr;
+    TCIMProperty* property = nullptr;
+    EXPECT_EQ(0U, AllocationsOf([&] { foundClass = container.FindClass(row.name); }));
+    EXPECT_EQ(0U, AllocationsOf([&] { declaration = disk.FindPropertyDecl(row.name); }));
+    EXPECT_EQ(0U, AllocationsOf([&] { property = instance.FindProperty(row.name); }));
+    EXPECT_EQ(row.isClass, foundClass != nullptr);
+    EXPECT_EQ(row.isProperty, declaration != nullptr);
+    EXPECT_EQ(row.isProperty, property != nullptr);
+  }
+  // The count counts: a longer name takes a string's storage.
+  EXPECT_LT(0U, AllocationsOf([&] { instance.FindProperty("CapacityInBytes16"); }));
+}
+
+TEST_F(AllocationTest, ShowingACodeAgainTakesNothing) {
+  const TCIMProperty& type = instance.GetProperty("InterfaceType15");
+  EXPECT_LT(0U, AllocationsOf([&] { EXPECT_EQ("SATA", type.ToString()); }));
+  EXPECT_EQ(0U, AllocationsOf([&] { EXPECT_EQ("SATA", type.ToString()); }));
+  const TCIMProperty& faulty = instance.GetProperty("CapacityInBytes16");
+  EXPECT_EQ("5", faulty.ToString());
+  EXPECT_EQ(0U, AllocationsOf([&] { EXPECT_EQ("5", faulty.ToString()); }));
+}
+
+TEST_F(AllocationTest, ADroppedMessageTakesNothing) {
+  const TLogCapture log(2);
+  ILogger& logger = *TRootObject::GetCoreLogger();
+  const std::string text = "longer than what a string keeps in itself";
+  const auto speak = [&] {
+    for (const std::int32_t level : {3, 4, 5}) {
+      logger.Log(nullptr, level, text);
+      logger.LogData(nullptr, level, text.data(), 40);
+      vskWriteLog(nullptr, level, text.c_str());
+      vskWriteLog(nullptr, level, nullptr);
+    }
+  };
+  EXPECT_EQ(0U, AllocationsOf(speak));
+  EXPECT_LT(0U, AllocationsOf([&] { vskWriteLog(nullptr, 100, text.c_str()); }));
+}

@@ -1,0 +1,395 @@
+// What the core does when the heap is used up: the n-th allocation fails, n = 1, 2, ..., until the
+// work needs no more. It gives vskStatusOutOfMemory or std::bad_alloc, or does without what it
+// lacked; and when it is done again, everything is as if nothing had happened.
+#include <gtest/gtest.h>
+#include <vskcore/core/TRootObject.h>
+#include <vskcore/core/TVSKException.h>
+#include <vskcore/model/TCIMDateTime.h>
+#include <vskcore/plugin/IQueryManager.h>
+#include <vskcore/plugin/TPlugin.h>
+#include <vskcore/vskplugin.h>
+
+#include <boost/make_shared.hpp>
+#include <functional>
+#include <new>
+
+#include "allocations/AllocationsOf.h"
+#include "cinterface/TCPluginCallbacks.h"
+#include "cinterface/vskCIMValueArray.h"
+#include "cinterface/vskIOHandle.h"
+#include "support/Picture.h"
+#include "support/TLogCapture.h"
+#include "support/TPluginTree.h"
+#include "support/TSchema.h"
+
+namespace {
+
+using TType = TCIMValue::TCIMType;
+
+constexpr std::size_t kMostAllocations = 20000;
+
+// Longer than what a string keeps in itself.
+const char* const kText = "a text that needs a place of its own";
+
+// Everything that a row works on, made anew for each failure.
+struct TWorld {
+  TWorld() {
+    disk = &schema.Class("Sample_DiskUnitOfMany")
+                .Key("Id", TType::cimUint32)
+                .Property("InterfaceTypeAndMore", TType::cimUint16)
+                .With("Values", TCIMValue(TType::cimString, 0, {"SAS", kText}))
+                .With("ValueMap", TCIMValue(TType::cimString, 0, {"0", "1"}))
+                .Property("Numbers", TCIMValue(TType::cimUint32, 5))
+                .Property("Name", TType::cimString)
+                .Property("Boolean", TType::cimBoolean)
+                .Property("Uint8", TType::cimUint8)
+                .Property("Sint8", TType::cimSint8)
+                .Property("Sint16", TType::cimSint16)
+                .Property("Sint32", TType::cimSint32)
+                .Property("Uint64", TType::cimUint64)
+                .Property("Sint64", TType::cimSint64)
+                .Property("Installed", TType::cimDateTime)
+                .Add();
+    fan = &schema.Class("Sample_Fan").Key("Id", TType::cimUint32).Add();
+    link = &schema.Class("Sample_Link")
+                .With("ASSOCIATION")
+                .Reference("Antecedent", *disk)
+                .With("KEY")
+                .Reference("Dependent", *fan)
+                .With("KEY")
+                .Property("Since", TType::cimDateTime)
+                .With("KEY")
+                .Add();
+    first =
+        &schema.Add(*disk, {{"Id", 1U}, {"InterfaceTypeAndMore", static_cast<unsigned short>(1)}});
+    second = &schema.Add(*disk, {{"Id", 3U}});
+    cooler = &schema.Add(*fan, {{"Id", 2U}});
+    reference = first->BuildPath();
+    text.Set(std::string("20240229123456.000000+060"));
+    schema.Add(*link, {{"Antecedent", TCIMValue(reference)},
+                       {"Dependent", TCIMValue(cooler->BuildPath())},
+                       {"Since", TCIMValue(text)}});
+    vskAddClass(&handle, "Sample_DiskUnitOfMany");
+    vskAddUint32Property(&handle, "Id", 7);
+    made.reset(new TCIMReference(&container));
+    made->SetClass(*link);
+  }
+
+  TContainer container;
+  TSchema schema{container};
+  TCIMClass* disk;
+  TCIMClass* fan;
+  TCIMClass* link;
+  TCIMInstance* first;
+  TCIMInstance* second;
+  TCIMInstance* cooler;
+  TCIMReference reference;
+  TCIMDateTime text;
+  vskIOHandle handle{nullptr, &container, nullptr};
+  vskCIMValueArray array;
+  std::unique_ptr<TCIMReference> made;
+  // What the functions that make something have made.
+  std::unique_ptr<vskCIMValueArray> newArray;
+  std::unique_ptr<TCIMDateTime> newDateTime;
+  std::unique_ptr<TCIMReference> newReference;
+};
+
+std::string PictureOf(const TWorld& world) {
+  std::string picture = Picture(world.container) + world.made->GetPath() + world.text.ToString();
+  if (world.handle.currentInstance) picture += Picture(*world.handle.currentInstance);
+  for (const TCIMValue& element : world.array.elements) picture += Picture(element);
+  return picture;
+}
+
+struct TRow {
+  const char* name;
+  std::function<vskStatus(TWorld&)> run;
+};
+
+// The status of the work, whichever way it tells.
+template <typename TWork>
+vskStatus Outcome(TWork&& work) {
+  try {
+    return work();
+  } catch (const std::bad_alloc&) {
+    return vskStatusOutOfMemory;
+  } catch (const TVSKException& exception) {
+    return exception.status;
+  }
+}
+
+vskStatus Expected(bool asExpected) { return asExpected ? vskStatusOK : vskStatusFail; }
+
+void Sweep(const TRow& row, bool lasting) {
+  std::string expected;
+  {
+    TWorld world;
+    ASSERT_EQ(vskStatusOK, row.run(world));
+    expected = PictureOf(world);
+  }
+  for (std::size_t nth = 1; nth < kMostAllocations; ++nth) {
+    SCOPED_TRACE(nth);
+    TWorld world;
+    vskStatus status = vskStatusFail;
+    const auto run = [&] { status = Outcome([&] { return row.run(world); }); };
+    if (!WithFailingAllocation(nth, lasting, run)) return;
+    if (status != vskStatusOK) {
+      ASSERT_EQ(vskStatusOutOfMemory, status);
+      ASSERT_EQ(vskStatusOK, Outcome([&] { return row.run(world); }));
+    }
+    ASSERT_EQ(expected, PictureOf(world));
+  }
+  FAIL() << "there is no end to the allocations";
+}
+
+void SweepAll(const std::vector<TRow>& rows) {
+  TLogCapture log(2);
+  for (const TRow& row : rows) {
+    for (const bool lasting : {false, true}) {
+      SCOPED_TRACE(row.name);
+      Sweep(row, lasting);
+      if (testing::Test::HasFatalFailure()) return;
+    }
+  }
+  log.Take();  // what failed on the way was told
+}
+
+}  // namespace
+
+TEST(OutOfMemoryTest, FunctionsOfTheCInterface) {
+  SweepAll({
+      {"vskAddClass", [](TWorld& w) { return vskAddClass(&w.handle, "Sample_DiskUnitOfMany"); }},
+      {"vskAddProperty", [](TWorld& w) { return vskAddProperty(&w.handle, "Name", kText); }},
+      {"vskAddCIMValueProperty",
+       [](TWorld& w) {
+         const TCIMValue value(kText);
+         return vskAddCIMValueProperty(&w.handle, "Name", &value);
+       }},
+      {"vskAddBooleanProperty",
+       [](TWorld& w) { return vskAddBooleanProperty(&w.handle, "Boolean", 1); }},
+      {"vskAddUint8Property", [](TWorld& w) { return vskAddUint8Property(&w.handle, "Uint8", 1); }},
+      {"vskAddSint8Property", [](TWorld& w) { return vskAddSint8Property(&w.handle, "Sint8", 1); }},
+      {"vskAddUint16Property",
+       [](TWorld& w) { return vskAddUint16Property(&w.handle, "InterfaceTypeAndMore", 1); }},
+      {"vskAddSint16Property",
+       [](TWorld& w) { return vskAddSint16Property(&w.handle, "Sint16", 1); }},
+      {"vskAddUint32Property", [](TWorld& w) { return vskAddUint32Property(&w.handle, "Id", 1); }},
+      {"vskAddSint32Property",
+       [](TWorld& w) { return vskAddSint32Property(&w.handle, "Sint32", 1); }},
+      {"vskAddUint64Property",
+       [](TWorld& w) { return vskAddUint64Property(&w.handle, "Uint64", 1); }},
+      {"vskAddSint64Property",
+       [](TWorld& w) { return vskAddSint64Property(&w.handle, "Sint64", 1); }},
+      {"vskAddStringProperty",
+       [](TWorld& w) { return vskAddStringProperty(&w.handle, "Name", kText); }},
+      {"vskAddDateTimeProperty",
+       [](TWorld& w) { return vskAddDateTimeProperty(&w.handle, "Installed", &w.text); }},
+      {"vskAddArrayProperty",
+       [](TWorld& w) {
+         vskCIMValueArray numbers;
+         numbers.elements = {1U, 2U};
+         return vskAddArrayProperty(&w.handle, "Numbers", &numbers);
+       }},
+      {"vskAddReferenceProperty",
+       [](TWorld& w) {
+         const vskStatus opened = vskAddClass(&w.handle, "Sample_Link");
+         if (opened != vskStatusOK) return opened;
+         const vskStatus stored = vskAddReferenceProperty(&w.handle, "Antecedent", &w.reference);
+         w.handle.currentInstance.reset();
+         return stored;
+       }},
+      {"vskSetDateTime",
+       [](TWorld& w) { return vskSetDateTime(&w.text, 2024, 2, 29, 1, 2, 3, 4000, 60); }},
+      {"vskSetDateTimeInterval",
+       [](TWorld& w) { return vskSetDateTimeInterval(&w.text, 1, 2, 3, 4, 5); }},
+      {"vskSetDateTimeString",
+       [](TWorld& w) { return vskSetDateTimeString(&w.text, "00000001020304.000005:000"); }},
+      {"vskNewCIMDateTime",
+       [](TWorld& w) {
+         TCIMDateTime* made = nullptr;
+         const vskStatus status = vskNewCIMDateTime(&made);
+         w.newDateTime.reset(made);
+         return status;
+       }},
+      {"vskNewCIMReference",
+       [](TWorld& w) {
+         TCIMReference* made = nullptr;
+         const vskStatus status = vskNewCIMReference(&made, &w.handle);
+         w.newReference.reset(made);
+         return status;
+       }},
+      {"vskNewCIMValueArray",
+       [](TWorld& w) {
+         vskCIMValueArray* made = nullptr;
+         const vskStatus status = vskNewCIMValueArray(&made);
+         w.newArray.reset(made);
+         return status;
+       }},
+      {"vskSetReferenceClassName",
+       [](TWorld& w) { return vskSetReferenceClassName(w.made.get(), "Sample_DiskUnitOfMany"); }},
+      {"vskReferenceAddReference",
+       [](TWorld& w) {
+         return vskReferenceAddReference(w.made.get(), "Antecedent", &w.reference);
+       }},
+      {"vskReferenceAddDateTime",
+       [](TWorld& w) { return vskReferenceAddDateTime(w.made.get(), "Since", &w.text); }},
+      {"vskArrayAddUint32", [](TWorld& w) { return vskArrayAddUint32(&w.array, 1); }},
+      {"vskArrayAddString", [](TWorld& w) { return vskArrayAddString(&w.array, kText); }},
+      {"vskArrayAddReference",
+       [](TWorld& w) { return vskArrayAddReference(&w.array, &w.reference); }},
+      {"vskArrayAddDateTime", [](TWorld& w) { return vskArrayAddDateTime(&w.array, &w.text); }},
+      {"vskGetLocalTime",
+       [](TWorld&) {
+         TCIMDateTime now;
+         return vskGetLocalTime(&now);
+       }},
+  });
+}
+
+TEST(OutOfMemoryTest, LookUpsWalksAndTexts) {
+  SweepAll({
+      {"FindInstance",
+       [](TWorld& w) { return Expected(w.disk->FindInstance(w.reference) == w.first); }},
+      {"GetCIMElement",
+       [](TWorld& w) { return Expected(&w.reference.GetCIMElement() == w.first); }},
+      {"References", [](TWorld& w) { return Expected(w.first->References("", "").size() == 1); }},
+      {"References that change",
+       [](TWorld& w) {
+         TCIMInstance& link = *w.link->EnumerateInstances(false).front();
+         w.second->References("", "");
+         link.SetPropertyValue("Antecedent", TCIMValue(w.second->BuildPath()));
+         return Expected(w.second->References("", "").size() == 1);
+       }},
+      {"Associators",
+       [](TWorld& w) {
+         const std::vector<TCIMInstance*> far = w.first->Associators("", "", "", "");
+         return Expected(far.size() == 1 && far.front() == w.cooler);
+       }},
+      {"ToString",
+       [](TWorld& w) {
+         return Expected(w.first->GetProperty("InterfaceTypeAndMore").ToString() == kText);
+       }},
+      {"SetPropertyValue",
+       [](TWorld& w) {
+         w.first->SetPropertyValue("Name", TCIMValue(kText));
+         return vskStatusOK;
+       }},
+      {"AddToContainer",
+       [](TWorld& w) {
+         w.schema.Add(*w.disk, {{"Id", 9U}});
+         return vskStatusOK;
+       }},
+      {"a class more",
+       [](TWorld& w) {
+         w.schema.Class("Sample_OtherLink", w.link).Property("Name", TType::cimString).Add();
+         return vskStatusOK;
+       }},
+  });
+}
+
+// There is no way back from the middle of a document: what came before stays, and a repeat adds
+// what is missing of the schema. So the instances are told by their classes alone.
+TEST(OutOfMemoryTest, Documents) {
+  TLogCapture log(2);
+  const TTempDir folder;
+  const std::string instance =
+      "<VALUE.OBJECT><INSTANCE CLASSNAME='Sample_FanOfTheCase'><PROPERTY NAME='Id' "
+      "TYPE='uint32'><VALUE>7</VALUE></PROPERTY></INSTANCE></VALUE.OBJECT>";
+  std::string text =
+      Document({ClassText("Sample_FanOfTheCase"), ClassText("Sample_DiskUnitOfMany"),
+                AssociationText("Sample_Cools", "Sample_FanOfTheCase", "Sample_DiskUnitOfMany")});
+  text.insert(text.find("</DECLGROUP>"), instance);
+  text.insert(text.find("<VALUE.OBJECT>"),
+              "<QUALIFIER.DECLARATION NAME='KEY' TYPE='boolean'></QUALIFIER.DECLARATION>"
+              "<QUALIFIER.DECLARATION NAME='ASSOCIATION' TYPE='boolean'></QUALIFIER.DECLARATION>");
+  const std::string path = folder.MakeFile("small.xml", text);
+  const auto pictureOf = [](const TContainer& container) {
+    std::string picture;
+    for (const TCIMClass* cimClass : container.GetRootClass().EnumerateSubClasses(true)) {
+      picture += Picture(*cimClass) + "; ";
+    }
+    return picture;
+  };
+  TContainer whole;
+  whole.PopulateContainerFromFile(path);
+  for (const bool lasting : {false, true}) {
+    for (std::size_t nth = 1;; ++nth) {
+      SCOPED_TRACE(nth);
+      ASSERT_LT(nth, kMostAllocations);
+      TContainer container;
+      const auto populate = [&] {
+        container.PopulateContainerFromFile(path);
+        return vskStatusOK;
+      };
+      vskStatus status = vskStatusFail;
+      if (!WithFailingAllocation(nth, lasting, [&] { status = Outcome(populate); })) break;
+      ASSERT_TRUE(status == vskStatusOutOfMemory || status == vskStatusOK) << status;
+      Picture(container);
+      ASSERT_EQ(vskStatusOK, Outcome(populate));
+      ASSERT_EQ(pictureOf(whole), pictureOf(container));
+    }
+  }
+  log.Take();
+}
+
+namespace {
+
+vskPluginInfo GetInfo(vskPluginHandle) { return {"a plug-in with a long name", "1", "", 0, 0}; }
+
+vskStatus Nothing(vskPluginHandle) { return vskStatusOK; }
+
+// One instance of each class that it is asked for.
+vskStatus Query(vskPluginHandle, vskIOHandle* handle, const char* const* names, int32_t count) {
+  for (int32_t i = 0; i < count; ++i) {
+    const vskStatus added = vskAddClass(handle, names[i]);
+    const vskStatus set = added == vskStatusOK ? vskAddUint32Property(handle, "Id", 7) : added;
+    if (set != vskStatusOK) return set;
+  }
+  return vskStatusOK;
+}
+
+}  // namespace
+
+TEST(OutOfMemoryTest, Collections) {
+  TLogCapture log(3);
+  for (const bool lasting : {false, true}) {
+    for (std::size_t nth = 1;; ++nth) {
+      SCOPED_TRACE(nth);
+      ASSERT_LT(nth, kMostAllocations);
+      const TPluginTree tree;
+      TContainer& container = *tree.Manager().GetContainer();
+      tree.Folder().MakeFile("c/c.properties.xml", Document({ClassText("Sample_FanOfTheCase"),
+                                                             ClassText("Sample_DiskUnitOfMany")}));
+      const vskPluginCallbacks table = {nullptr, Nothing, Nothing, Query, GetInfo, Nothing};
+      vskPluginHandle handle = nullptr;
+      vskStatus status = vskStatusFail;
+      bool came =
+          WithFailingAllocation(nth, lasting, [&] { status = vskRegisterPlugin(&table, &handle); });
+      if (status != vskStatusOK) {
+        ASSERT_EQ(vskStatusOutOfMemory, status);
+        ASSERT_EQ(vskStatusOK, vskRegisterPlugin(&table, &handle));
+      }
+      TCPluginCallbacks& callbacks = TCPluginCallbacks::FromHandle(handle);
+      const auto plugin = boost::make_shared<TPlugin>(&callbacks);
+      plugin->SetPath(tree.Folder().Path("c/c.pi.so"));
+      plugin->LoadSpecificationDocument();
+      tree.Manager().GetPlugins().push_back(plugin);
+      const auto collect = [&] {
+        TRootObject::GetQueryManager()->QueryClasses(&container, {});
+        return vskStatusOK;
+      };
+      came = WithFailingAllocation(nth, lasting, [&] { status = Outcome(collect); }) || came;
+      ASSERT_TRUE(status == vskStatusOutOfMemory || status == vskStatusOK) << status;
+      ASSERT_EQ(vskStatusOK, Outcome(collect));
+      for (const char* name : {"Sample_FanOfTheCase", "Sample_DiskUnitOfMany"}) {
+        const auto all = container.GetClass(name).EnumerateInstances(false);
+        ASSERT_EQ(1U, all.size()) << name;
+        ASSERT_EQ(std::string(name) + ".Id=\"7\"", all.front()->BuildPath().GetPath());
+      }
+      tree.Manager().GetPlugins().clear();
+      callbacks.Destroy();
+      if (!came) break;
+    }
+  }
+  log.Take();
+}
