@@ -230,11 +230,11 @@ TEST_F(AssociationTest, WalkReadsNothingOfWhatWasRemoved) {
   EXPECT_EQ("", Names(one.References("", "")));
 
   TCIMClass& brief =
-      schema.Class("Sample_Brief", box).Property("Note", TCIMValue("a")).With("KEY").Add();
+      schema.Class("Sample_Brief", box).Property("Code", TCIMValue("a")).With("KEY").Add();
   TCIMInstance& listed = schema.Add(brief, {{"Id", Number(3)}});
   EXPECT_EQ("", Names(listed.References("", "")));
   brief.RemoveInstance(listed);
-  brief.RemovePropertyDecl(const_cast<TCIMPropertyDecl&>(brief.GetPropertyDecl("Note")));
+  brief.RemovePropertyDecl(const_cast<TCIMPropertyDecl&>(brief.GetPropertyDecl("Code")));
   EXPECT_EQ("", Names(schema.Make(brief, {{"Id", Number(4)}})->References("", "")));
 }
 
