@@ -64,7 +64,6 @@ class TCIMClassImpl final : public TCIMElementImpl {
   // Of the instances of this association all that may refer to the target, in the order of the
   // list. The look at any other would neither find it nor fail.
   std::vector<TCIMInstance*> EnumerateReferrers(const TCIMInstance& target) const;
-  const vsk::detail::TAssociationSet& Associations() const { return associations_; }
 
  private:
   void MakeRoomForSubClass();  // so that appending one can't fail

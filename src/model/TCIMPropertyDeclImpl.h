@@ -13,7 +13,7 @@
 class TCIMClass;
 class TCIMPropertyDecl;
 
-// TCIMClassImpl reaches in for IsKey, the display for the qualifiers and ValueMap.
+// TCIMClassImpl and TClassKeys reach in for IsKey, the display for the qualifiers and ValueMap.
 class TCIMPropertyDeclImpl {
  public:
   TCIMPropertyDeclImpl(TCIMPropertyDecl& owner, const std::string& name, TCIMClass& owningClass,

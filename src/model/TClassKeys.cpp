@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "model/TCIMInstanceImpl.h"
+#include "model/TCIMPropertyDeclImpl.h"
 #include "model/TCIMPropertyImpl.h"
 #include "model/TPeek.h"
-#include "model/TQualifierTable.h"
 
 namespace vsk::detail {
 
@@ -31,7 +31,7 @@ bool IsPlain(TCIMValue::ECIMType type) {
 
 TClassKeys::TClassKeys(const TPropertyTable& table) {
   table.Visit([this](const TPropertyTable::TEntry& entry) {
-    if (!IsTrue(entry.declaration->FindQualifier("KEY"))) return;
+    if (!TPeek::Impl(*entry.declaration).IsKey()) return;
     keys_.push_back({&entry.key, entry.declaration.get()});
     renamed_ = renamed_ || !Spells(entry.declaration->GetName(), entry.key);
   });

@@ -6,8 +6,6 @@
 #include <vector>
 
 class TCIMClass;
-class TCIMPropertyDecl;
-class TCIMQualifier;
 class TCIMQualifierDecl;
 
 namespace vsk::detail {

@@ -15,7 +15,6 @@
 
 class TCIMInstance;
 class TCIMInstanceImpl;
-class TCIMPropertyDecl;
 class TCIMReference;
 
 namespace vsk::detail {
