@@ -42,7 +42,7 @@ class VSK_EXPORT TContainer {
                                                    TCIMQualifierDecl::EScope scope,
                                                    TCIMQualifierDecl::EFlavor flavor) const;
 
-  // The hidden class above all others, whose name is empty.
+  // The hidden class above all others, "<root>", which is found under the empty name.
   TCIMClass& GetRootClass() const;
   // Throws vskStatusNotFound when absent.
   TCIMClass& GetClass(const std::string& name) const;
