@@ -16,11 +16,12 @@ namespace {
 
 // Fills the cache, empty at first, as soon as there is a text. Plug-ins keep the pointer: a text
 // that went out once is never touched again, and the caches are never freed.
-vskStatus GiveCached(const char* function, const char** name, std::string& cache,
-                     std::string (*read)(TContainer*)) {
+template <std::string (*kRead)(TContainer*)>
+vskStatus GiveCached(const char* function, const char** name) {
   if (!AllGiven(nullptr, function, "name", name)) return vskStatusFail;
   return Guarded(function, [&] {
-    if (cache.empty()) cache = read(TRootObject::GetPluginManager()->GetContainer());
+    static std::string& cache = *new std::string;
+    if (cache.empty()) cache = kRead(TRootObject::GetPluginManager()->GetContainer());
     *name = cache.empty() ? "" : cache.c_str();
   });
 }
@@ -28,13 +29,11 @@ vskStatus GiveCached(const char* function, const char** name, std::string& cache
 }  // namespace
 
 vskStatus vskGetSystemCreationClassName(const char** name) {
-  static std::string& cache = *new std::string;
-  return GiveCached(__func__, name, cache, &TCIMSchemaHelper::GetSystemCreationClassName);
+  return GiveCached<&TCIMSchemaHelper::GetSystemCreationClassName>(__func__, name);
 }
 
 vskStatus vskGetSystemName(const char** name) {
-  static std::string& cache = *new std::string;
-  return GiveCached(__func__, name, cache, &TCIMSchemaHelper::GetSystemName);
+  return GiveCached<&TCIMSchemaHelper::GetSystemName>(__func__, name);
 }
 
 vskStatus vskGetLocalTime(TCIMDateTime* datetime) {

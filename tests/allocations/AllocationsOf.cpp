@@ -4,6 +4,11 @@
 #include <cstdlib>
 #include <new>
 
+// The linker sends malloc of all that it puts into this program to the one, and leaves the true one
+// as the other.
+extern "C" void* __wrap_malloc(std::size_t size) noexcept;
+extern "C" void* __real_malloc(std::size_t size) noexcept;
+
 namespace {
 
 std::atomic<std::size_t> allocations{0};
@@ -14,7 +19,7 @@ std::atomic<std::size_t> lastToFail{0};
 void* Allocate(std::size_t size) noexcept {
   const std::size_t number = ++allocations;
   if (number >= firstToFail && number <= lastToFail) return nullptr;
-  return std::malloc(size == 0 ? 1 : size);
+  return __real_malloc(size == 0 ? 1 : size);
 }
 
 void* AllocateOrThrow(std::size_t size) {
@@ -24,6 +29,8 @@ void* AllocateOrThrow(std::size_t size) {
 }
 
 }  // namespace
+
+void* __wrap_malloc(std::size_t size) noexcept { return Allocate(size); }
 
 // Every form but the aligned ones, which nothing here uses: a sanitizer brings forms of its own,
 // and those that remained would not fit these.

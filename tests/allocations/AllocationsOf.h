@@ -5,7 +5,8 @@
 #include <cstddef>
 #include <functional>
 
-// How often the process calls operator new, in any of its forms, while the body runs.
+// How often the process calls operator new, in any of its forms, or zlib malloc, while the body
+// runs.
 std::size_t AllocationsOf(const std::function<void()>& body);
 
 // Runs the body, which throws nothing, while the n-th allocation fails, or all from that one on.

@@ -8,10 +8,12 @@
 #include <vskcore/plugin/IQueryManager.h>
 #include <vskcore/plugin/TPlugin.h>
 #include <vskcore/vskplugin.h>
+#include <zlib.h>
 
 #include <boost/make_shared.hpp>
 #include <functional>
 #include <new>
+#include <set>
 
 #include "allocations/AllocationsOf.h"
 #include "cinterface/TCPluginCallbacks.h"
@@ -71,8 +73,10 @@ struct TWorld {
                        {"Since", TCIMValue(text)}});
     vskAddClass(&handle, "Sample_DiskUnitOfMany");
     vskAddUint32Property(&handle, "Id", 7);
-    made.reset(new TCIMReference(&container));
-    made->SetClass(*link);
+    toLink.reset(new TCIMReference(&container));
+    toLink->SetClass(*link);
+    toDisk.reset(new TCIMReference(&container));
+    toDisk->SetClass(*disk);
   }
 
   TContainer container;
@@ -87,7 +91,8 @@ struct TWorld {
   TCIMDateTime text;
   vskIOHandle handle{nullptr, &container, nullptr};
   vskCIMValueArray array;
-  std::unique_ptr<TCIMReference> made;
+  std::unique_ptr<TCIMReference> toLink;
+  std::unique_ptr<TCIMReference> toDisk;
   // What the functions that make something have made.
   std::unique_ptr<vskCIMValueArray> newArray;
   std::unique_ptr<TCIMDateTime> newDateTime;
@@ -95,7 +100,8 @@ struct TWorld {
 };
 
 std::string PictureOf(const TWorld& world) {
-  std::string picture = Picture(world.container) + world.made->GetPath() + world.text.ToString();
+  std::string picture = Picture(world.container) + world.text.ToString();
+  picture += world.toLink->GetPath() + world.toDisk->GetPath();
   if (world.handle.currentInstance) picture += Picture(*world.handle.currentInstance);
   for (const TCIMValue& element : world.array.elements) picture += Picture(element);
   return picture;
@@ -105,6 +111,23 @@ struct TRow {
   const char* name;
   std::function<vskStatus(TWorld&)> run;
 };
+
+template <typename TNumber>
+TRow PropertyRow(const char* name, vskStatus (*add)(vskIOHandle*, const char*, TNumber),
+                 const char* property) {
+  return {name, [=](TWorld& w) { return add(&w.handle, property, 1); }};
+}
+
+template <typename TNumber>
+TRow KeyRow(const char* name, vskStatus (*add)(TCIMReference*, const char*, TNumber),
+            const char* key) {
+  return {name, [=](TWorld& w) { return add(w.toDisk.get(), key, 1); }};
+}
+
+template <typename TNumber>
+TRow ElementRow(const char* name, vskStatus (*add)(vskCIMValueArray*, TNumber)) {
+  return {name, [=](TWorld& w) { return add(&w.array, 1); }};
+}
 
 // The status of the work, whichever way it tells.
 template <typename TWork>
@@ -165,21 +188,15 @@ TEST(OutOfMemoryTest, FunctionsOfTheCInterface) {
          const TCIMValue value(kText);
          return vskAddCIMValueProperty(&w.handle, "Name", &value);
        }},
-      {"vskAddBooleanProperty",
-       [](TWorld& w) { return vskAddBooleanProperty(&w.handle, "Boolean", 1); }},
-      {"vskAddUint8Property", [](TWorld& w) { return vskAddUint8Property(&w.handle, "Uint8", 1); }},
-      {"vskAddSint8Property", [](TWorld& w) { return vskAddSint8Property(&w.handle, "Sint8", 1); }},
-      {"vskAddUint16Property",
-       [](TWorld& w) { return vskAddUint16Property(&w.handle, "InterfaceTypeAndMore", 1); }},
-      {"vskAddSint16Property",
-       [](TWorld& w) { return vskAddSint16Property(&w.handle, "Sint16", 1); }},
-      {"vskAddUint32Property", [](TWorld& w) { return vskAddUint32Property(&w.handle, "Id", 1); }},
-      {"vskAddSint32Property",
-       [](TWorld& w) { return vskAddSint32Property(&w.handle, "Sint32", 1); }},
-      {"vskAddUint64Property",
-       [](TWorld& w) { return vskAddUint64Property(&w.handle, "Uint64", 1); }},
-      {"vskAddSint64Property",
-       [](TWorld& w) { return vskAddSint64Property(&w.handle, "Sint64", 1); }},
+      PropertyRow("vskAddBooleanProperty", vskAddBooleanProperty, "Boolean"),
+      PropertyRow("vskAddUint8Property", vskAddUint8Property, "Uint8"),
+      PropertyRow("vskAddSint8Property", vskAddSint8Property, "Sint8"),
+      PropertyRow("vskAddUint16Property", vskAddUint16Property, "InterfaceTypeAndMore"),
+      PropertyRow("vskAddSint16Property", vskAddSint16Property, "Sint16"),
+      PropertyRow("vskAddUint32Property", vskAddUint32Property, "Id"),
+      PropertyRow("vskAddSint32Property", vskAddSint32Property, "Sint32"),
+      PropertyRow("vskAddUint64Property", vskAddUint64Property, "Uint64"),
+      PropertyRow("vskAddSint64Property", vskAddSint64Property, "Sint64"),
       {"vskAddStringProperty",
        [](TWorld& w) { return vskAddStringProperty(&w.handle, "Name", kText); }},
       {"vskAddDateTimeProperty",
@@ -226,14 +243,33 @@ TEST(OutOfMemoryTest, FunctionsOfTheCInterface) {
          return status;
        }},
       {"vskSetReferenceClassName",
-       [](TWorld& w) { return vskSetReferenceClassName(w.made.get(), "Sample_DiskUnitOfMany"); }},
+       [](TWorld& w) { return vskSetReferenceClassName(w.toLink.get(), "Sample_DiskUnitOfMany"); }},
+      KeyRow("vskReferenceAddBoolean", vskReferenceAddBoolean, "Boolean"),
+      KeyRow("vskReferenceAddUint8", vskReferenceAddUint8, "Uint8"),
+      KeyRow("vskReferenceAddSint8", vskReferenceAddSint8, "Sint8"),
+      KeyRow("vskReferenceAddUint16", vskReferenceAddUint16, "InterfaceTypeAndMore"),
+      KeyRow("vskReferenceAddSint16", vskReferenceAddSint16, "Sint16"),
+      KeyRow("vskReferenceAddUint32", vskReferenceAddUint32, "Id"),
+      KeyRow("vskReferenceAddSint32", vskReferenceAddSint32, "Sint32"),
+      KeyRow("vskReferenceAddUint64", vskReferenceAddUint64, "Uint64"),
+      KeyRow("vskReferenceAddSint64", vskReferenceAddSint64, "Sint64"),
+      {"vskReferenceAddString",
+       [](TWorld& w) { return vskReferenceAddString(w.toDisk.get(), "Name", kText); }},
       {"vskReferenceAddReference",
        [](TWorld& w) {
-         return vskReferenceAddReference(w.made.get(), "Antecedent", &w.reference);
+         return vskReferenceAddReference(w.toLink.get(), "Antecedent", &w.reference);
        }},
       {"vskReferenceAddDateTime",
-       [](TWorld& w) { return vskReferenceAddDateTime(w.made.get(), "Since", &w.text); }},
-      {"vskArrayAddUint32", [](TWorld& w) { return vskArrayAddUint32(&w.array, 1); }},
+       [](TWorld& w) { return vskReferenceAddDateTime(w.toLink.get(), "Since", &w.text); }},
+      ElementRow("vskArrayAddBoolean", vskArrayAddBoolean),
+      ElementRow("vskArrayAddUint8", vskArrayAddUint8),
+      ElementRow("vskArrayAddSint8", vskArrayAddSint8),
+      ElementRow("vskArrayAddUint16", vskArrayAddUint16),
+      ElementRow("vskArrayAddSint16", vskArrayAddSint16),
+      ElementRow("vskArrayAddUint32", vskArrayAddUint32),
+      ElementRow("vskArrayAddSint32", vskArrayAddSint32),
+      ElementRow("vskArrayAddUint64", vskArrayAddUint64),
+      ElementRow("vskArrayAddSint64", vskArrayAddSint64),
       {"vskArrayAddString", [](TWorld& w) { return vskArrayAddString(&w.array, kText); }},
       {"vskArrayAddReference",
        [](TWorld& w) { return vskArrayAddReference(&w.array, &w.reference); }},
@@ -287,8 +323,36 @@ TEST(OutOfMemoryTest, LookUpsWalksAndTexts) {
   });
 }
 
+// A name that is known once is kept, so each function is swept a single time.
+TEST(OutOfMemoryTest, TheSystemsNames) {
+  const TPluginTree tree;
+  TSchema schema(*tree.Manager().GetContainer());
+  TCIMClass& computer = schema.Class("ZNTSG_ComputerSystem").Key("Name", TType::cimString).Add();
+  schema.Add(computer, {{"Name", TCIMValue(kText)}});
+  const struct {
+    vskStatus (*get)(const char**);
+    const char* expected;
+  } kRows[] = {
+      {vskGetSystemName, kText},
+      {vskGetSystemCreationClassName, "ZNTSG_ComputerSystem"},
+  };
+  for (const auto& row : kRows) {
+    SCOPED_TRACE(row.expected);
+    const char* name = nullptr;
+    vskStatus status = vskStatusFail;
+    for (std::size_t nth = 1; status != vskStatusOK; ++nth) {
+      WithFailingAllocation(nth, true, [&] { status = row.get(&name); });
+      if (status == vskStatusOK) break;
+      ASSERT_EQ(vskStatusOutOfMemory, status);
+      ASSERT_EQ(nullptr, name);
+    }
+    EXPECT_STREQ(row.expected, name);
+  }
+}
+
 // There is no way back from the middle of a document: what came before stays, and a repeat adds
-// what is missing of the schema. So the instances are told by their classes alone.
+// what is missing of the schema. So the instances are told by their classes alone. Without memory
+// for zlib, a packed document can't be opened, or can't be unpacked.
 TEST(OutOfMemoryTest, Documents) {
   TLogCapture log(2);
   const TTempDir folder;
@@ -302,7 +366,18 @@ TEST(OutOfMemoryTest, Documents) {
   text.insert(text.find("<VALUE.OBJECT>"),
               "<QUALIFIER.DECLARATION NAME='KEY' TYPE='boolean'></QUALIFIER.DECLARATION>"
               "<QUALIFIER.DECLARATION NAME='ASSOCIATION' TYPE='boolean'></QUALIFIER.DECLARATION>");
-  const std::string path = folder.MakeFile("small.xml", text);
+  const std::string packed = folder.Path("small.xml.gz");
+  const gzFile file = gzopen(packed.c_str(), "wb");
+  ASSERT_EQ(static_cast<int>(text.size()),
+            gzwrite(file, text.data(), static_cast<unsigned>(text.size())));
+  ASSERT_EQ(Z_OK, gzclose(file));
+  const struct {
+    std::string path;
+    std::set<vskStatus> failures;
+  } kRows[] = {
+      {folder.MakeFile("small.xml", text), {vskStatusOutOfMemory}},
+      {packed, {vskStatusOutOfMemory, vskStatusFileSystemError, vskStatusCorruptGzipFile}},
+  };
   const auto pictureOf = [](const TContainer& container) {
     std::string picture;
     for (const TCIMClass* cimClass : container.GetRootClass().EnumerateSubClasses(true)) {
@@ -311,22 +386,60 @@ TEST(OutOfMemoryTest, Documents) {
     return picture;
   };
   TContainer whole;
-  whole.PopulateContainerFromFile(path);
+  whole.PopulateContainerFromFile(packed);
+  for (const auto& row : kRows) {
+    std::set<vskStatus> failures;
+    for (const bool lasting : {false, true}) {
+      for (std::size_t nth = 1;; ++nth) {
+        SCOPED_TRACE(nth);
+        ASSERT_LT(nth, kMostAllocations);
+        TContainer container;
+        const auto populate = [&] {
+          container.PopulateContainerFromFile(row.path);
+          return vskStatusOK;
+        };
+        vskStatus status = vskStatusFail;
+        if (!WithFailingAllocation(nth, lasting, [&] { status = Outcome(populate); })) break;
+        if (status != vskStatusOK) failures.insert(status);
+        Picture(container);
+        ASSERT_EQ(vskStatusOK, Outcome(populate));
+        ASSERT_EQ(pictureOf(whole), pictureOf(container));
+      }
+    }
+    EXPECT_EQ(row.failures, failures) << row.path;
+  }
+  log.Take();
+}
+
+// A library starts once. So a plug-in that there was no memory for stays away, or stays listed as
+// far as it came; another one is loaded all the same, and collected.
+TEST(OutOfMemoryTest, LibrariesOfPlugins) {
+  TLogCapture log(3);
   for (const bool lasting : {false, true}) {
     for (std::size_t nth = 1;; ++nth) {
       SCOPED_TRACE(nth);
       ASSERT_LT(nth, kMostAllocations);
-      TContainer container;
-      const auto populate = [&] {
-        container.PopulateContainerFromFile(path);
-        return vskStatusOK;
+      const TPluginTree tree;
+      IPluginManager& manager = tree.Manager();
+      const auto load = [&](const std::string& path) {
+        return Outcome([&] {
+          manager.LoadPlugin(path);
+          return vskStatusOK;
+        });
       };
+      const std::string path = tree.Add("c_answers", Document({ClassText("Sample_Fan")}));
       vskStatus status = vskStatusFail;
-      if (!WithFailingAllocation(nth, lasting, [&] { status = Outcome(populate); })) break;
+      const bool came = WithFailingAllocation(nth, lasting, [&] { status = load(path); });
       ASSERT_TRUE(status == vskStatusOutOfMemory || status == vskStatusOK) << status;
-      Picture(container);
-      ASSERT_EQ(vskStatusOK, Outcome(populate));
-      ASSERT_EQ(pictureOf(whole), pictureOf(container));
+      ASSERT_EQ(vskStatusOK, load(path));
+      ASSERT_LE(manager.GetPlugins().size(), 1U);
+      const std::string other = tree.Add("c_answers", Document({ClassText("Sample_Disk")}), "b");
+      ASSERT_EQ(vskStatusOK, load(other));
+      ASSERT_EQ(other, manager.GetPlugins().back()->GetPath());
+      TContainer& container = *manager.GetContainer();
+      TRootObject::GetQueryManager()->QueryClasses(&container, {});
+      ASSERT_EQ(1U, container.GetClass("Sample_Disk").EnumerateInstances(false).size());
+      if (!came) break;
     }
   }
   log.Take();

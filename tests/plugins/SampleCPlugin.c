@@ -56,7 +56,7 @@ static vskStatus Destroy(vskPluginHandle plugin) {
 static void Register(void) {
   const vskPluginCallbacks callbacks = {NULL, Initialize, Finalize, Query, GetInfo, Destroy};
   const char* path = VSK_TEST_BEHAVIOUR;
-  vskRegisterPlugin(&callbacks, &self);
+  if (vskRegisterPlugin(&callbacks, &self) != vskStatusOK) return;
   vskGetPluginPath(self, &path);
   Tell("registered", path);
 }
