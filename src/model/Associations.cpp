@@ -94,10 +94,10 @@ std::vector<TCIMClass*> TCIMClassImpl::AssociationEnds() const {
 template <typename TVisit>
 void TCIMClassImpl::VisitAssociations(const TCIMClass* associationClass, TVisit&& visit) const {
   // The root class, at the top, takes no part.
-  for (TCIMClass* end = &owner_; end->impl_->superClass_ != nullptr;
-       end = end->impl_->superClass_) {
-    for (TCIMClass* association : end->impl_->associations_.Enumerate()) {
-      if (association->IsSubclassOf(associationClass)) visit(*end, *association);
+  for (const TCIMClassImpl* end = this; end->superClass_ != nullptr;
+       end = end->superClass_->impl_.get()) {
+    for (TCIMClass* association : end->associations_.Enumerate()) {
+      if (association->IsSubclassOf(associationClass)) visit(*association);
     }
   }
 }
@@ -106,8 +106,8 @@ std::vector<TCIMClass*> TCIMClassImpl::References(const std::string& resultClass
                                                   const std::string& role) const {
   const TCIMClass* result = container_.FindClass(resultClass);
   std::vector<TCIMClass*> all;
-  VisitAssociations(result, [&](const TCIMClass& end, TCIMClass& association) {
-    if (role.empty() || PointsAt(association.FindPropertyDecl(role), end)) {
+  VisitAssociations(result, [&](TCIMClass& association) {
+    if (role.empty() || PointsAt(association.FindPropertyDecl(role), owner_)) {
       all.push_back(&association);
     }
   });
@@ -123,8 +123,8 @@ std::vector<TCIMClass*> TCIMClassImpl::Associators(const std::string& assocClass
   std::vector<TCIMClass*> all;
   if (association == nullptr || result == nullptr) return all;
   const std::string roleKey = NormalizeCIMName(role);
-  VisitAssociations(association, [&](const TCIMClass& end, const TCIMClass& found) {
-    if (!role.empty() && !PointsAt(found.FindPropertyDecl(role), end)) return;
+  VisitAssociations(association, [&](const TCIMClass& found) {
+    if (!role.empty() && !PointsAt(found.FindPropertyDecl(role), owner_)) return;
     if (resultRole.empty()) return AppendFarEnds(found, *result, roleKey, all);
     const TCIMPropertyDecl* farEnd = found.FindPropertyDecl(resultRole);
     TCIMClass* target = farEnd == nullptr ? nullptr : TargetOf(*farEnd);

@@ -75,7 +75,7 @@ class TCIMClassImpl final : public TCIMElementImpl {
 
   // Where this class registers, being an association.
   std::vector<TCIMClass*> AssociationEnds() const;
-  // Calls visit(end, association) for what is registered at this class and, walking up, at its
+  // Calls visit(association) for what is registered at this class and, walking up, at its
   // superclasses, as far as it derives from associationClass (null: nothing does).
   template <typename TVisit>
   void VisitAssociations(const TCIMClass* associationClass, TVisit&& visit) const;

@@ -79,9 +79,10 @@ TEST_F(AssociationTest, ClassReferences) {
       {port, "", "", "Sample_Derived sample_holds Sample_Wears "},
       {disk, "SAMPLE_HOLDS", "", "Sample_Derived sample_holds "},
       {disk, "Absent", "", ""},
-      {disk, "", "whole", "Sample_Derived sample_holds "},
-      {disk, "", "Below", ""},  // registered at Box, where Below does not point
-      {box, "", "Id", ""},      // no reference
+      {box, "", "whole", "Sample_Derived sample_holds "},
+      {disk, "", "whole", ""},               // points at Box, not at Disk itself
+      {disk, "", "Below", "Sample_Chain "},  // registered at Box, and yet Disk's role
+      {box, "", "Id", ""},                   // no reference
       {box, "", "Absent", ""},
   };
   for (const auto& row : rows) {
@@ -104,7 +105,8 @@ TEST_F(AssociationTest, ClassAssociators) {
       {disk, "Sample_Chain", "", "", "", "Sample_Box "},
       {disk, "Sample_Wears", "", "", "", "Sample_Port "},
       {disk, "sample_holds", "", "", "", "Sample_Port Sample_Box Sample_Port Sample_Box "},
-      {disk, "sample_holds", "", "WHOLE", "", "Sample_Port Sample_Port "},
+      {disk, "sample_holds", "", "WHOLE", "", ""},
+      {box, "sample_holds", "", "WHOLE", "", "Sample_Port Sample_Port "},
       {disk, "", "Sample_Box", "", "Below", "Sample_Disk "},
       {port, "Sample_Wears", "", "Far", "Near", "Sample_Disk "},
       {port, "Sample_Wears", "", "Near", "", ""},

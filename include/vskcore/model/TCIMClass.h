@@ -99,8 +99,9 @@ class VSK_EXPORT TCIMClass : public ICIMElement, public ICIMAllowQualifiers {
 
   // The association classes that refer to this class or to one of its superclasses, nearest first,
   // by name at each. They derive from resultClass (empty: any), and under the property named role
-  // (empty: any) they refer to that very class. An association with this class at both ends is not
-  // among them. Empty for an unknown class; throws vskStatusInvalidCIMName for a bad name.
+  // (empty: any) they refer to this very class, not to a superclass. An association with this class
+  // at both ends is not among them. Empty for an unknown class; throws vskStatusInvalidCIMName for
+  // a bad name.
   std::vector<TCIMClass*> References(const std::string& resultClass, const std::string& role) const;
   // The classes at the far ends of those associations, as declared there: of associations that
   // derive from assocClass, ends that derive from resultClass, this class in role, the other in
