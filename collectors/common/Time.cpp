@@ -37,6 +37,7 @@ std::optional<TCIMDateTime> LocalTimestamp(std::uint64_t seconds) {
   if (seconds > 0x7FFFFFFF) return std::nullopt;
   const auto instant = static_cast<std::time_t>(seconds);
   std::tm local;
+  tzset();  // localtime_r keeps the zone that the process had when it first asked
   if (localtime_r(&instant, &local) == nullptr) return std::nullopt;
   // The offset is what the wall clock is ahead; the standard has no other way to ask for it.
   const std::int64_t wall =
