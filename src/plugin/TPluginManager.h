@@ -31,9 +31,9 @@ class TPluginManager : public IPluginManager {
   TContainer* GetContainer() override;
 
  private:
-  bool IsLoaded(const std::string& path) const;
   class TLoad;
 
+  bool IsLoaded(const std::string& path) const;
   // Lists, initialises and documents what the library of that path has registered.
   void CompletePendingPlugins(const std::string& path);
 

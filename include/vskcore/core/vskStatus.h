@@ -1,6 +1,6 @@
 /* The one vocabulary of failures, shared by the core, by hosts and by plug-ins in C and C++.
- * Pure C. The numbers never change; new codes would go in front of vskStatusEnd only with a new
- * major version. */
+ * Pure C. The numbers never change; new codes would go in front of vskStatusEnd only with a version
+ * that may break the contract (see vskVersion.h). */
 #ifndef VSKCORE_CORE_VSKSTATUS_H
 #define VSKCORE_CORE_VSKSTATUS_H
 

@@ -29,9 +29,8 @@ class VSK_EXPORT IPluginManager {
   virtual void LoadPlugins() = 0;
   // Loads one library, unless a listed plug-in has that very path; initialises what it registers
   // and reads its specification document. A library that can't be loaded is logged and no failure.
-  // Throws what reading a document throws; the plug-in stays listed then, and
-  // what its library registered behind it is dropped. A plug-in may call this, even from its own
-  // load.
+  // Throws what reading a document throws; the plug-in stays listed then, and what its library
+  // registered behind it is dropped. A plug-in may call this, even from its own load.
   virtual void LoadPlugin(std::string path) = 0;
   // Called by a plug-in while its library is being loaded, once for each object that it offers.
   // The object stays the plug-in's; the manager owns the entry that is returned. Outside a load it
