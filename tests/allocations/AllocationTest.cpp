@@ -1,5 +1,6 @@
 // What the core does without the heap.
 #include <gtest/gtest.h>
+#include <vskcore/cimxml/TXmlParser.h>
 #include <vskcore/core/ILogger.h>
 #include <vskcore/core/TRootObject.h>
 #include <vskcore/core/vskLog.h>
@@ -8,6 +9,8 @@
 #include <vskcore/model/TCIMProperty.h>
 #include <vskcore/model/TCIMPropertyDecl.h>
 #include <vskcore/model/TContainer.h>
+
+#include <stdexcept>
 
 #include "allocations/AllocationsOf.h"
 #include "support/TLogCapture.h"
@@ -37,7 +40,28 @@ class AllocationTest : public testing::Test {
       schema.Add(disk, {{"Id", 7U}, {"InterfaceType15", static_cast<unsigned short>(1)}});
 };
 
+struct TDeafReader : TXmlParser {
+  void StartElement(const char*, TAttributes&) override {}
+  void EndElement(const char*) override {}
+  void processingInstruction(const char*, const char*) override {}
+  void characters(const char*, unsigned int) override {}
+  void notationDecl(const char*, const char*, const char*) override {}
+  void FatalError(const char* message) override { throw std::runtime_error(message); }
+};
+
+std::size_t AllocationsOfReading(int elements) {
+  std::string document = "<a>";
+  while (elements-- > 0) document += "<b type='long' name='c'>d</b><b name='e'/>";
+  document += "</a>";
+  return AllocationsOf([&] { TDeafReader().Parse(document.data()); });
+}
+
 }  // namespace
+
+TEST_F(AllocationTest, ElementsThatAreLikeTheirSiblingsTakeNothing) {
+  EXPECT_LT(0U, AllocationsOfReading(1));
+  EXPECT_EQ(AllocationsOfReading(1), AllocationsOfReading(500));
+}
 
 TEST_F(AllocationTest, LookingUpAnOrdinaryNameTakesNothing) {
   const struct {

@@ -53,6 +53,8 @@ TEST(TOSSpecificTime, NoticesAZoneThatNobodyAnnounced) {
   const short home = Offset();
   setenv("TZ", "AAA-5:07", 1);
   EXPECT_EQ(307, Offset());
+  setenv("TZ", "AAA-5:08", 1);  // in the same second
+  EXPECT_EQ(308, Offset());
   unsetenv("TZ");
   EXPECT_EQ(home, Offset());
 }

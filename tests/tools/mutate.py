@@ -31,7 +31,7 @@ OTHERS = {
     **{f"fuzz_{name}": [f"fuzz/corpus/{name}"]
        for name in ("cinterface", "datetime", "document", "gzip", "reader")},
 }
-CPU_SECONDS = 120
+CPU_SECONDS = 60
 WALL_SECONDS = 900
 MEMORY = 8 << 30
 
