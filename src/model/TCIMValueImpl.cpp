@@ -165,10 +165,8 @@ auto TCIMNumericValueImpl::Visit(const TVisit& visit) const {
       return visit(number_.sint64);
     case TCIMType::cimReal32:
       return visit(number_.real32);
-    case TCIMType::cimReal64:
-      return visit(number_.real64);
     default:
-      Refuse(vskStatusTypeMismatch);
+      return visit(number_.real64);
   }
 }
 

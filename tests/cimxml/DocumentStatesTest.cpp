@@ -19,6 +19,7 @@ TEST_F(TCIMXMLParserDocument, FramesWithNothingInThemPass) {
   const char* const kDocuments[] = {
       "<CIM/>",
       "<cim></cim>",
+      "<?xml version='1.0'?><?of ours?><CIM><?more?></CIM>",
       R"(<CIM CIMVERSION="2.8" DTDVERSION="2.1" OTHER="x"/>)",
       R"(<CIM CIMVERSION="2.0" DTDVERSION="2.0">text</CIM>)",
       "<CIM><MESSAGE/><DECLARATION/><MESSAGE ID='7' PROTOCOLVERSION='1.0'/></CIM>",
@@ -60,6 +61,8 @@ TEST_F(TCIMXMLParserDocument, WhatTheFrameDoesNotAllowIsNamed) {
       {"Unexpected element imethodcall", "<CIM><MESSAGE><IMETHODCALL/></MESSAGE></CIM>"},
       {"Unexpected element multireq",
        "<CIM><MESSAGE><MULTIREQ><MULTIREQ/></MULTIREQ></MESSAGE></CIM>"},
+      {"Unexpected element multireq",
+       "<CIM><MESSAGE><SIMPLEREQ><MULTIREQ/></SIMPLEREQ></MESSAGE></CIM>"},
       {"Unknown protocol version", R"(<CIM><MESSAGE PROTOCOLVERSION="1.1"/></CIM>)"},
       {"Invalid MULTIREQ", "<CIM><MESSAGE><MULTIREQ/></MESSAGE></CIM>"},
       {"Invalid MULTIREQ", "<CIM><MESSAGE><MULTIREQ><SIMPLEREQ/></MULTIREQ></MESSAGE></CIM>"},

@@ -131,6 +131,8 @@ TEST_F(CPropertyTest, PointerArgumentsAreTestedBeforeTheHandle) {
        "Sample: vskAddProperty: NULL name and/or value parameter"},
       {vskAddProperty(&handle, "Id", nullptr),
        "Sample: vskAddProperty: NULL name and/or value parameter"},
+      {vskAddCIMValueProperty(&handle, "Id", nullptr),
+       "Sample: vskAddCIMValueProperty: NULL value parameter"},
       {vskAddClass(nullptr, "Sample_All"), "vskAddClass: NULL vskIOHandle parameter"},
       {vskAddClass(&handle, nullptr), "Sample: vskAddClass: NULL name parameter"},
   };

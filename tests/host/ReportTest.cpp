@@ -41,6 +41,9 @@ TEST_F(Report, TextShowsWhatPeopleRead) {
       "  Huge     18446744073709551615\n"
       "  Id       one\n"
       "  Low      -9223372036854775808\n"
+      "  Low16    -32768\n"
+      "  Low32    -2147483648\n"
+      "  Low8     -128\n"
       "  Ratio    0.1\n"
       "  Shown    nothing yet\n"
       "  Third    0.333333\n"
@@ -74,6 +77,9 @@ TEST_F(Report, JsonKeepsTypesAndEveryBit) {
       "Huge": 18446744073709551615,
       "Id": "one",
       "Low": -9223372036854775808,
+      "Low16": -32768,
+      "Low32": -2147483648,
+      "Low8": -128,
       "Ratio": 0.1,
       "Shown": null,
       "Third": 0.3333333333333333,

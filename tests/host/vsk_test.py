@@ -122,6 +122,18 @@ class Questions(unittest.TestCase):
         self.assertIn("vskStatusNotFound", lines["Serial number"])
         self.assertIn("vskStatusNotFound", lines["Model number"])
 
+    def test_identity_of_a_malformed_product(self):
+        with tempfile.TemporaryDirectory() as root:
+            dmi = Path(root) / "sys/class/dmi/id"
+            dmi.mkdir(parents=True)
+            (dmi / "product_name").write_text("Wayfarer -[21AB7CDX]-")
+            lines = dict(re.split(r"  +", line, 1)
+                         for line in self.answer("identity", env={"VSK_ROOT": root}))
+        self.assertEqual(["(no answer: the source is empty)"] * 2 +
+                         ["(no answer: machine type and model are empty)"],
+                         [lines[label] for label in (
+                             "Machine type and model", "Machine type", "Model number")])
+
     def test_plugins(self):
         blocks = "\n".join(self.answer("plugins")).split("\n\n")
         identity = next(block for block in blocks if block.startswith("identity "))
@@ -167,6 +179,8 @@ class Questions(unittest.TestCase):
             (["associators", 'ZNTSG_ComputerSystem.InstanceID="'], 2, 'no path: InstanceID="'),
             (["references", 'ZNTSG_ComputerSystem.InstanceID="system:1"'], 1,
              'no instance fits "ZNTSG_ComputerSystem.InstanceID="system:1""'),
+            (["references", 'ZNTSG_ComputerSystem.AssetTag="x"'], 1,  # which is NULL
+             'no instance fits "ZNTSG_ComputerSystem.AssetTag="x""'),
             (["references", "ZNTSG_CPUVulnerability."], 1,
              'more than one instance fits "ZNTSG_CPUVulnerability."'),
         ]:
@@ -309,12 +323,33 @@ class Installation(unittest.TestCase):
         (self.plugins / "broken").mkdir()
         (self.plugins / "broken" / "broken.pi.so").write_text("no library")
         (self.plugins / "identity" / "identity.properties.xml").write_text("<CIM>")
+        for name, old, new in [
+            ("os", "</DECLGROUP>", '<VALUE.OBJECT><CLASS NAME="Sample_More" SUPERCLASS="'
+             'ZNTSG_ManagedElement"/></VALUE.OBJECT></DECLGROUP>'),
+            ("cpu", 'NAME="CPUFamily"', 'NAME="Kin"'),
+        ]:
+            document = self.plugins / name / f"{name}.properties.xml"
+            document.write_text(document.read_text().replace(old, new))
         run = self.run_vsk("--json")
         self.assertEqual(0, run.returncode)
         self.assertEqual(["ZNTSG_Processor", "ZNTSG_OperatingSystem", "ZNTSG_CPUVulnerability"],
                          list(json.loads(run.stdout)))
         self.assertIn(f"DLL {self.root}/bin/../lib/vskcore/broken/broken.pi.so "
                       "failed to initialize properly\n", run.stderr)
+        self.assertIn("VSK_os: [Error] Couldn't collect Sample_More: vskStatusUnknownClass\n",
+                      run.stderr)
+        self.assertIn("VSK_cpu: [Error] CPUFamily of ZNTSG_Processor was not stored: "
+                      "vskStatusNotFound\n", run.stderr)
+
+    def test_plugin_that_does_not_initialise(self):
+        name = "c_fails_initialize"
+        shutil.copytree(BUILD / "tests" / "plugins" / name, self.plugins / name)
+        run = vsk("plugins", program=self.root / "bin" / "vsk", env={"HWQ_LOGLEVEL": "0"})
+        path = f"{self.root}/bin/../lib/vskcore/{name}/{name}.pi.so"
+        self.assertEqual((0, f"vsk: plug-in {name} ({path}) did not initialise\n"),
+                         (run.returncode, run.stderr))
+        self.assertIn(f"{name} 3.14\n  Type         0 (collects)\n  Path         {path}\n"
+                      "  Initialised  no\n\n", run.stdout)
 
 
 if __name__ == "__main__":

@@ -440,6 +440,28 @@ TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
   EXPECT_EQ(TStatuses{vskStatusNotFound}, expectWalks("a key that the instances lack"));
 }
 
+TEST_F(TAllSearches, OfNumbersOfEveryType) {
+  const TCIMValue numbers[] = {true,
+                               std::uint8_t{1},
+                               std::int8_t{-1},
+                               std::uint16_t{1},
+                               std::int16_t{-1},
+                               1u,
+                               -1,
+                               std::uint64_t{1},
+                               std::int64_t{-1},
+                               1.5f,
+                               -1.5};
+  std::vector<TCIMReference> paths;
+  for (const TCIMValue& number : numbers) {
+    const TType type = number.GetType();
+    TCIMClass& cimClass = schema.Class("Of_" + type.ToString()).Key("Id", type).Add();
+    paths.push_back(schema.Add(cimClass, {{"Id", number}}).BuildPath());
+  }
+  ExpectWalks(paths);
+  EXPECT_EQ(static_cast<int>(std::size(numbers)), hits);
+}
+
 TEST_F(TAllSearches, OfKeysThatNoPathCanHold) {
   TCIMClass& disk =
       schema.Class("Disk").Key("Id", TType::cimUint32).Property("C", TType::cimUint8).Add();

@@ -39,6 +39,7 @@ TEST_F(TCIMPropertyDeclName, IsCheckedWhenItIsUsed) {
   const TCIMPropertyDecl upper("NAME", *other, TCIMValue(1u));
   const TCIMPropertyDecl after("Of", *disk, TCIMValue("x"));
   const TCIMPropertyDecl invalid("a b", *disk, TCIMValue("x"));
+  EXPECT_EQ(vskStatusOK, StatusOf([&] { invalid.Validate(); }));
   EXPECT_TRUE(name == upper);
   EXPECT_FALSE(name < upper);
   EXPECT_TRUE(upper < after);

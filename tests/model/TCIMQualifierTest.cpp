@@ -141,8 +141,10 @@ TEST(TCIMQualifier, ChangeEndsPropagation) {
   qualifier.SetPropagated(true);
   TCIMQualifier copy(qualifier);
   EXPECT_TRUE(copy.GetPropagated());
-  copy.SetValue(5U);
+  copy.SetValue(TCIMValue(TCIMType::cimUint8, 2));
   EXPECT_FALSE(copy.GetPropagated());
+  EXPECT_TRUE(copy.IsArray());
+  EXPECT_FALSE(qualifier.IsArray());
   EXPECT_EQ("of another type", qualifier.GetValue().ToString(10));
   EXPECT_TRUE(qualifier.GetPropagated());
   qualifier.SetFlavor(kOverridable);

@@ -81,6 +81,11 @@ class TCIMValueText : public testing::Test {
   TContainer container_;
 };
 
+template <typename TOther>
+vskStatus StatusAs(const TCIMValueImpl& content) {
+  return StatusOf([&] { content.operator TOther(); });
+}
+
 std::string Print(std::uint64_t number, unsigned int base) {
   std::ostringstream stream;
   stream << std::showbase << std::setbase(static_cast<int>(base)) << number;
@@ -329,6 +334,15 @@ TEST(TCIMValueConversion, ContentIsStrictToo) {
   EXPECT_FALSE(number < TCIMValue("6"));
   EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { (void)(number == Null(TCIMType::cimUint32)); }));
   const TCIMStringValueImpl text("5");
+  const std::vector<vskStatus> statuses = {
+      StatusAs<bool>(text),          StatusAs<unsigned char>(text),
+      StatusAs<signed char>(text),   StatusAs<unsigned short>(text),
+      StatusAs<short>(text),         StatusAs<unsigned int>(text),
+      StatusAs<int>(text),           StatusAs<std::uint64_t>(text),
+      StatusAs<std::int64_t>(text),  StatusAs<float>(text),
+      StatusAs<double>(text),        StatusAs<TCIMDateTime>(text),
+      StatusAs<TCIMReference>(text), StatusAs<TElements&>(text)};
+  EXPECT_EQ(std::vector<vskStatus>(14, vskStatusTypeMismatch), statuses);
   EXPECT_FALSE(text == TCIMValue(5U));
   EXPECT_FALSE(text < TCIMValue(TCIMDateTime(1, 2, 3, 4, 5)));
   EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { (void)(text < Null(TCIMType::cimString)); }));

@@ -52,6 +52,10 @@ TEST_F(TLibraryTest, BareNameIsAFileOfTheCurrentDirectory) {
   ASSERT_EQ(0, chdir(temp.Path().c_str()));
   EXPECT_EQ(vskStatusOK, StatusOf([] { TOSSpecific::LoadPluginLibrary("sample.pi.so"); }));
   EXPECT_EQ(TOSSpecific::GetCurrentDir() + "/sample.pi.so", LibraryPath(Address()));
+  std::filesystem::create_directory("gone");
+  std::filesystem::current_path("gone");
+  std::filesystem::remove("../gone");
+  EXPECT_EQ("", LibraryPath(Address()));
   ASSERT_EQ(0, chdir(before.c_str()));
 }
 

@@ -2,6 +2,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <stdlib.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -131,7 +132,7 @@ TEST_F(TProcessTest, OutputBeyondAllMemoryLeavesNoChild) {
       return waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD;
     }
   };
-  EXPECT_EXIT(_exit(isReapedAtTheLimit() ? 0 : 1), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(exit(isReapedAtTheLimit() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(TProcessTest, WhatCannotBeStartedIsLoggedAndEmpty) {

@@ -204,7 +204,7 @@ TEST_F(TUploadTest, WithoutLibcurlThereIsNoInternet) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   files.MakeFile("libcurl.so.4", "no library");
   setenv("LD_LIBRARY_PATH", files.Path().c_str(), 1);
-  EXPECT_EXIT(_exit(StatusOf([&] { TOSSpecific::FTPFile(local, "name"); })),
+  EXPECT_EXIT(exit(StatusOf([&] { TOSSpecific::FTPFile(local, "name"); })),
               testing::ExitedWithCode(vskStatusINETNotFound), "");
   unsetenv("LD_LIBRARY_PATH");
 }
