@@ -1,14 +1,15 @@
 #!/bin/bash
-# Makes sure that the Debian packages of the given sets are there: build, test, ci, fuzz, 32bit.
+# Makes sure that the Debian packages of the given sets are there: build, test, ci, fuzz, 32bit, coverage.
 # Quiet when they are; installs what is missing as root or by sudo, else says what to install.
 set -euo pipefail
 
 declare -A sets=(
   [build]="cmake ninja-build g++ libboost-dev zlib1g-dev libcurl4-openssl-dev libcli11-dev nlohmann-json3-dev"
   [test]="libgtest-dev python3 python3-pyftpdlib"
-  [ci]="git clang clang-format clang-tidy cppcheck gcovr doxygen dpkg-dev pkg-config libbenchmark-dev libexpat1-dev libxml2-dev libpugixml-dev"
+  [ci]="git clang clang-format clang-tidy cppcheck doxygen dpkg-dev pkg-config libbenchmark-dev libexpat1-dev libxml2-dev libpugixml-dev"
   [32bit]="g++-multilib lib32z1-dev libgtest-dev"
   [fuzz]="clang libclang-rt-dev"
+  [coverage]="gcovr"
 )
 
 wanted=()
