@@ -102,6 +102,30 @@ TEST_F(AllocationTest, ShowingACodeAgainTakesNothing) {
   EXPECT_EQ(0U, AllocationsOf([&] { EXPECT_EQ("5", faulty.ToString()); }));
 }
 
+// By an index, which holds while nothing changes. A walk would gather the whole list.
+TEST_F(AllocationTest, FollowingReferencesTakesNoMoreAmongMany) {
+  TCIMClass& link =
+      schema.Class("Sample_Link").With("ASSOCIATION").Reference("To", disk).With("KEY").Add();
+  TCIMClass& over =
+      schema.Class("Sample_Over").With("ASSOCIATION").Reference("Link", link).With("KEY").Add();
+  unsigned int id = 10;
+  const auto takenOnceThereAre = [&](unsigned int last) {
+    const TCIMInstance* ends[2] = {};
+    for (; id <= last; ++id) {
+      ends[0] = &schema.Add(disk, {{"Id", id}});
+      ends[1] = &schema.Add(link, {{"To", TCIMValue(ends[0]->BuildPath())}});
+      schema.Add(over, {{"Link", TCIMValue(ends[1]->BuildPath())}});
+    }
+    const auto follow = [&] {
+      for (const TCIMInstance* end : ends) EXPECT_EQ(1U, end->References("", "").size());
+    };
+    follow();
+    return AllocationsOf(follow);
+  };
+  const std::size_t few = takenOnceThereAre(12);
+  EXPECT_EQ(few, takenOnceThereAre(300));
+}
+
 TEST_F(AllocationTest, ADroppedMessageTakesNothing) {
   const TLogCapture log(2);
   ILogger& logger = *TRootObject::GetCoreLogger();
