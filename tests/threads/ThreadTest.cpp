@@ -43,9 +43,9 @@ vector<string> AtOnce(const TBody& body) {
   return results;
 }
 
-// Nothing is logged meanwhile, for the log is not among what may run at once. Without a zone of its
-// own the process would have the C library set up the system's at each call, behind a lock that the
-// sanitizer doesn't know.
+// The log is not among what may run at once: its threshold drops what is logged meanwhile. Without
+// a zone of its own the process would have the C library set up the system's at each call, behind a
+// lock that the sanitizer doesn't know.
 class ThreadTest : public testing::Test {
  protected:
   TLogCapture log{-1};

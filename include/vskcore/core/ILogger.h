@@ -26,8 +26,9 @@ struct TLogRecord;
 // "VSK_Core: [Error] text\n", with the plug-in's name instead of Core where a plug-in is given.
 //
 // One logger exists per process; TRootObject::GetCoreLogger hands it out, and it lives until the
-// process ends. It takes no lock: keep threads apart. The order of the virtual operations is part
-// of the contract between separately compiled modules.
+// process ends. It takes no lock: keep threads apart, also those whose calls log something. Only
+// messages that the threshold drops may come from several threads at once. The order of the virtual
+// operations is part of the contract between separately compiled modules.
 class VSK_EXPORT ILogger {
  public:
   ILogger();

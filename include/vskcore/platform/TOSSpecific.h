@@ -12,7 +12,9 @@ class TCIMDateTime;
 
 // Static operations for the core, hosts and class-based plug-ins. Paths are bytes as the system
 // takes them; nothing is normalised. Failures are TVSKExceptions with the status named below.
-// No state and no locks: callable from any thread.
+// No state and no locks: calls on several threads are independent, but for the lines that some of
+// them log. Those go to the one ILogger, and it wants one thread at a time; lines that its
+// threshold drops do no harm.
 class VSK_EXPORT TOSSpecific {
  public:
   // Ready before the library starts.
