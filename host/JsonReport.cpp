@@ -22,7 +22,7 @@ using TJson = nlohmann::ordered_json;
 double Widen(float narrow) {
   char text[64];
   const std::to_chars_result written = std::to_chars(text, text + sizeof text, narrow);
-  double wide = narrow;
+  auto wide = static_cast<double>(narrow);
   std::from_chars(text, written.ptr, wide);
   return wide;
 }

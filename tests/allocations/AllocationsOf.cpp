@@ -6,8 +6,8 @@
 
 // The linker sends malloc of all that it puts into this program to the one, and leaves the true one
 // as the other.
-extern "C" void* __wrap_malloc(std::size_t size) noexcept;
-extern "C" void* __real_malloc(std::size_t size) noexcept;
+extern "C" void* WrapMalloc(std::size_t size) noexcept __asm__("__wrap_malloc");
+extern "C" void* RealMalloc(std::size_t size) noexcept __asm__("__real_malloc");
 
 namespace {
 
@@ -19,7 +19,7 @@ std::atomic<std::size_t> lastToFail{0};
 void* Allocate(std::size_t size) noexcept {
   const std::size_t number = ++allocations;
   if (number >= firstToFail && number <= lastToFail) return nullptr;
-  return __real_malloc(size == 0 ? 1 : size);
+  return RealMalloc(size == 0 ? 1 : size);
 }
 
 void* AllocateOrThrow(std::size_t size) {
@@ -30,7 +30,11 @@ void* AllocateOrThrow(std::size_t size) {
 
 }  // namespace
 
-void* __wrap_malloc(std::size_t size) noexcept { return Allocate(size); }
+void* WrapMalloc(std::size_t size) noexcept { return Allocate(size); }
+
+// Not every compiler declares these.
+void operator delete(void* memory, std::size_t size) noexcept;
+void operator delete[](void* memory, std::size_t size) noexcept;
 
 // Every form but the aligned ones, which nothing here uses: a sanitizer brings forms of its own,
 // and those that remained would not fit these.

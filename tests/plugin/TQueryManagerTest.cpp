@@ -104,7 +104,8 @@ TEST_F(TQueryManagerTest, AsksAllForPlainClassesThenAllForAssociations) {
 }
 
 TEST_F(TQueryManagerTest, AsksForWhatIsNamedConcreteWantedAndEmpty) {
-  AddInstance((List(red, {ClassText("Full")}), "Full"));
+  List(red, {ClassText("Full")});
+  AddInstance("Full");
   List(blue, {ClassText("Plain"), ClassText("plain2"),
               ClassText("Bare", {QualifierText("ABSTRACT", "boolean", "true")}),
               ClassText("Off", {QualifierText("DONTCOLLECT", "boolean", "true")}),

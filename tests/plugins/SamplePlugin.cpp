@@ -24,6 +24,8 @@ namespace {
 
 constexpr std::string_view kBehaviour = VSK_TEST_BEHAVIOUR;
 
+bool Behaves(std::string_view behaviour) { return behaviour == kBehaviour; }
+
 void Tell(const std::string& text) { TRootObject::GetCoreLogger()->Log(nullptr, 2, text); }
 
 class TSamplePlugin : public IPluginCallbacks {
@@ -31,9 +33,9 @@ class TSamplePlugin : public IPluginCallbacks {
   explicit TSamplePlugin(const std::string& name) : name_(name) {}
 
   std::int32_t GetType() override {
-    if (kBehaviour == "type_1") return 1;
-    if (kBehaviour == "type_below_0") return -1;
-    return kBehaviour == "type_2" ? 2 : 0;
+    if (Behaves("type_1")) return 1;
+    if (Behaves("type_below_0")) return -1;
+    return Behaves("type_2") ? 2 : 0;
   }
   std::string GetName() override { return name_; }
   std::string GetVersion() override { return "2.5"; }
@@ -42,7 +44,7 @@ class TSamplePlugin : public IPluginCallbacks {
   void Initialize() override {
     const bool listed = TRootObject::GetPluginManager()->FindPlugin(name_) != nullptr;
     Tell(name_ + (listed ? " initializes" : " initializes unlisted"));
-    if (kBehaviour == "throws_in_initialize") throw 17;
+    if (Behaves("throws_in_initialize")) throw 17;
   }
   void Finalize() override {}
 
@@ -57,7 +59,7 @@ class TQueryingPlugin : public TSamplePlugin, public IPluginBasicQueryCallbacks 
 
   void QueryClasses(TContainer* target, const std::vector<TCIMClass*>& classes) override {
     for (TCIMClass* cimClass : classes) Tell(GetName() + " is asked for " + cimClass->GetName());
-    if (kBehaviour == "throws_in_query") throw std::runtime_error("the bus is silent");
+    if (Behaves("throws_in_query")) throw std::runtime_error("the bus is silent");
     for (TCIMClass* cimClass : classes) Fill(target->AllocateInstance(cimClass));
   }
 
@@ -85,13 +87,18 @@ void RegisterOne(IPluginCallbacks* callbacks) {
   TRootObject::GetPluginManager()->RegisterPlugin(callbacks);
 }
 
+template <bool isWanted>
+void CallDefinedNowhere() {
+  if constexpr (isWanted) DefinedNowhere();
+}
+
 __attribute__((constructor)) void Register() {
-  if (kBehaviour == "registers_none") return;
+  if (Behaves("registers_none")) return;
   const std::string name(kBehaviour);
-  if (kBehaviour == "no_query") return RegisterOne(new TSamplePlugin(name));
+  if (Behaves("no_query")) return RegisterOne(new TSamplePlugin(name));
   RegisterOne(new TQueryingPlugin(name));
-  if (kBehaviour == "registers_two") RegisterOne(new TQueryingPlugin("the_second"));
-  if constexpr (kBehaviour == "fails_its_load") DefinedNowhere();
+  if (Behaves("registers_two")) RegisterOne(new TQueryingPlugin("the_second"));
+  CallDefinedNowhere<kBehaviour == "fails_its_load">();
 }
 
 }  // namespace

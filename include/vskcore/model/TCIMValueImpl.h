@@ -22,6 +22,9 @@
 // operations is part of the contract.
 class VSK_EXPORT TCIMValueImpl {
  public:
+  TCIMValueImpl() = default;
+  TCIMValueImpl(const TCIMValueImpl&) = default;
+  TCIMValueImpl& operator=(const TCIMValueImpl&) = default;
   virtual ~TCIMValueImpl();
 
   // The content, in its own C++ type.

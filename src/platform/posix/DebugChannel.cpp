@@ -44,8 +44,7 @@ class TSigPipeHold {
 // Whether to try again: the channel was full and is free now.
 bool WaitUntilFree() {
   pollfd channel = {STDERR_FILENO, POLLOUT, 0};
-  return (errno == EAGAIN || errno == EWOULDBLOCK) &&
-         Uninterrupted([&] { return poll(&channel, 1, -1); }) == 1 &&
+  return errno == EAGAIN && Uninterrupted([&] { return poll(&channel, 1, -1); }) == 1 &&
          (channel.revents & POLLOUT) != 0;
 }
 
