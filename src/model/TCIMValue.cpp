@@ -183,8 +183,9 @@ TCIMValue::~TCIMValue() {
   }
 }
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): Set compares first
 TCIMValue& TCIMValue::operator=(const TCIMValue& other) {
-  Set(other);  // NOLINT(bugprone-unhandled-self-assignment): it compares first
+  Set(other);
   return *this;
 }
 
