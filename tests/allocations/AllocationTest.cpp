@@ -126,6 +126,18 @@ TEST_F(AllocationTest, FollowingReferencesTakesNoMoreAmongMany) {
   EXPECT_EQ(few, takenOnceThereAre(300));
 }
 
+// No sanitizer tells of what waits for ever to be destroyed: the queue still knows it.
+TEST_F(AllocationTest, ListsAndPathsGoWhole) {
+  const auto make = [&] {
+    const TCIMValue list = Strings({"SAS", "SATA"});
+    const TCIMReference path = instance.BuildPath();
+  };
+  make();
+  const std::size_t taken = AllocationsOf(make);
+  EXPECT_LT(0U, taken);
+  EXPECT_EQ(taken, ReleasesOf(make));
+}
+
 TEST_F(AllocationTest, ADroppedMessageTakesNothing) {
   const TLogCapture log(2);
   ILogger& logger = *TRootObject::GetCoreLogger();

@@ -12,6 +12,7 @@ extern "C" void* RealMalloc(std::size_t size) noexcept __asm__("__real_malloc");
 namespace {
 
 std::atomic<std::size_t> allocations{0};
+std::atomic<std::size_t> releases{0};
 // Those from the first on fail, up to the last.
 std::atomic<std::size_t> firstToFail{0};
 std::atomic<std::size_t> lastToFail{0};
@@ -28,6 +29,11 @@ void* AllocateOrThrow(std::size_t size) {
   return memory;
 }
 
+void Release(void* memory) noexcept {
+  if (memory != nullptr) ++releases;
+  std::free(memory);
+}
+
 }  // namespace
 
 void* WrapMalloc(std::size_t size) noexcept { return Allocate(size); }
@@ -42,17 +48,23 @@ void* operator new(std::size_t size) { return AllocateOrThrow(size); }
 void* operator new[](std::size_t size) { return AllocateOrThrow(size); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
-void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
+void operator delete(void* memory) noexcept { Release(memory); }
+void operator delete[](void* memory) noexcept { Release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { Release(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { Release(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { Release(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { Release(memory); }
 
 std::size_t AllocationsOf(const std::function<void()>& body) {
   const std::size_t before = allocations;
   body();
   return allocations - before;
+}
+
+std::size_t ReleasesOf(const std::function<void()>& body) {
+  const std::size_t before = releases;
+  body();
+  return releases - before;
 }
 
 bool WithFailingAllocation(std::size_t nth, bool lasting, const std::function<void()>& body) {

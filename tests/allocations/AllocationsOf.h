@@ -9,6 +9,9 @@
 // runs.
 std::size_t AllocationsOf(const std::function<void()>& body);
 
+// How often it gives something to operator delete meanwhile, in any of its forms.
+std::size_t ReleasesOf(const std::function<void()>& body);
+
 // Runs the body, which throws nothing, while the n-th allocation fails, or all from that one on.
 // Whether it came to that.
 bool WithFailingAllocation(std::size_t nth, bool lasting, const std::function<void()>& body);
