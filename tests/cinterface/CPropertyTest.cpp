@@ -208,6 +208,7 @@ TEST_F(CPropertyTest, ArraysKeepTheirElementsAndAreCopied) {
   EXPECT_EQ(vskStatusOK, vskAddArrayProperty(&handle, "Uint8s", array));
   vskArrayAddUint8(array, 20);
   EXPECT_EQ("{ 30, 10 }", Stored("Uint8s"));
+  EXPECT_EQ(0u, handle.currentInstance->GetProperty("Uint8s").GetValue().GetMaxArraySize());
   EXPECT_EQ(vskStatusInvalidProperty, vskAddArrayProperty(&handle, "Strings", array));
   EXPECT_EQ("ERROR: Attempting to create array of type string, but element is of type uint8.",
             Told());
