@@ -33,35 +33,22 @@ bool HasSpecificationDocument(TPlugin& plugin) {
 
 }  // namespace
 
-// The length of one load. What registered outside of any, and what a load leaves pending when it
-// fails, is never listed. It is kept, because the plug-in may still log under the entry that it was
-// given.
+// The length of one load. What registered before it, outside of any or within one around it, waits
+// for its end and is not listed by it. What it leaves pending when it fails is never listed, but is
+// kept, because the plug-in may still log under the entry that it was given.
 class TPluginManager::TLoad {
  public:
-  explicit TLoad(TPluginManager& manager)
-      : manager_(manager), isInner_(std::exchange(manager.isLoading_, true)) {
-    before_.swap(manager_.pending_);
-  }
+  explicit TLoad(TPluginManager& manager) : manager_(manager) { before_.swap(manager_.pending_); }
   ~TLoad() {
-    Drop(manager_.pending_);
-    if (isInner_) {
-      manager_.pending_.swap(before_);
-    } else {
-      Drop(before_);
-    }
-    manager_.isLoading_ = isInner_;
+    manager_.dropped_.splice(manager_.dropped_.end(), manager_.pending_);
+    manager_.pending_.swap(before_);
   }
   TLoad(const TLoad&) = delete;
   TLoad& operator=(const TLoad&) = delete;
 
  private:
-  using TList = std::list<boost::shared_ptr<TPlugin>>;
-
-  void Drop(TList& plugins) { manager_.dropped_.splice(manager_.dropped_.end(), plugins); }
-
   TPluginManager& manager_;
-  const bool isInner_;  // a plug-in asks for it from within another load
-  TList before_;
+  std::list<boost::shared_ptr<TPlugin>> before_;
 };
 
 IPluginManager* TRootObject::GetPluginManager() { return pluginManager; }

@@ -41,7 +41,6 @@ class TPluginManager : public IPluginManager {
   std::list<boost::shared_ptr<TPlugin>> plugins_;
   std::list<boost::shared_ptr<TPlugin>> pending_;
   std::list<boost::shared_ptr<TPlugin>> dropped_;
-  bool isLoading_ = false;
   TContainer container_;
 };
 
