@@ -17,6 +17,7 @@
 
 #include "allocations/AllocationsOf.h"
 #include "cinterface/TCPluginCallbacks.h"
+#include "cinterface/TTypedRow.h"
 #include "cinterface/vskCIMValueArray.h"
 #include "cinterface/vskIOHandle.h"
 #include "support/Picture.h"
@@ -36,21 +37,13 @@ const char* const kText = "a text that needs a place of its own";
 // Everything that a row works on, made anew for each failure.
 struct TWorld {
   TWorld() {
-    disk = &schema.Class("Sample_DiskUnitOfMany")
-                .Key("Id", TType::cimUint32)
-                .Property("InterfaceTypeAndMore", TType::cimUint16)
+    TClassBuilder builder = schema.Class("Sample_DiskUnitOfMany");
+    builder.Key("Id", TType::cimUint32);
+    for (const TTypedRow& row : TypedRows()) builder.Property(row.type, CIMType(row.type));
+    disk = &builder.Property("InterfaceTypeAndMore", TType::cimUint16)
                 .With("Values", TCIMValue(TType::cimString, 0, {"SAS", kText}))
                 .With("ValueMap", TCIMValue(TType::cimString, 0, {"0", "1"}))
                 .Property("Numbers", TCIMValue(TType::cimUint32, 5))
-                .Property("Name", TType::cimString)
-                .Property("Boolean", TType::cimBoolean)
-                .Property("Uint8", TType::cimUint8)
-                .Property("Sint8", TType::cimSint8)
-                .Property("Sint16", TType::cimSint16)
-                .Property("Sint32", TType::cimSint32)
-                .Property("Uint64", TType::cimUint64)
-                .Property("Sint64", TType::cimSint64)
-                .Property("Installed", TType::cimDateTime)
                 .Add();
     fan = &schema.Class("Sample_Fan").Key("Id", TType::cimUint32).Add();
     link = &schema.Class("Sample_Link")
@@ -111,26 +104,9 @@ std::string PictureOf(const TWorld& world) {
 }
 
 struct TRow {
-  const char* name;
+  std::string name;
   std::function<vskStatus(TWorld&)> run;
 };
-
-template <typename TNumber>
-TRow PropertyRow(const char* name, vskStatus (*add)(vskIOHandle*, const char*, TNumber),
-                 const char* property) {
-  return {name, [=](TWorld& w) { return add(&w.handle, property, 1); }};
-}
-
-template <typename TNumber>
-TRow KeyRow(const char* name, vskStatus (*add)(TCIMReference*, const char*, TNumber),
-            const char* key) {
-  return {name, [=](TWorld& w) { return add(w.toDisk.get(), key, 1); }};
-}
-
-template <typename TNumber>
-TRow ElementRow(const char* name, vskStatus (*add)(vskCIMValueArray*, TNumber)) {
-  return {name, [=](TWorld& w) { return add(&w.array, 1); }};
-}
 
 // The status of the work, whichever way it tells.
 template <typename TWork>
@@ -193,24 +169,13 @@ void SweepAll(const std::vector<TRow>& rows) {
 }  // namespace
 
 TEST(OutOfMemoryTest, FunctionsOfTheCInterface) {
-  SweepAll({
+  std::vector<TRow> rows = {
       {"vskAddClass", [](TWorld& w) { return vskAddClass(&w.handle, "Sample_DiskUnitOfMany"); }},
-      {"vskAddProperty", [](TWorld& w) { return vskAddProperty(&w.handle, "Name", kText); }},
+      {"vskAddProperty", [](TWorld& w) { return vskAddProperty(&w.handle, "String", kText); }},
       {"vskAddCIMValueProperty",
-       [](TWorld& w) { return vskAddCIMValueProperty(&w.handle, "Name", &w.value); }},
-      PropertyRow("vskAddBooleanProperty", vskAddBooleanProperty, "Boolean"),
-      PropertyRow("vskAddUint8Property", vskAddUint8Property, "Uint8"),
-      PropertyRow("vskAddSint8Property", vskAddSint8Property, "Sint8"),
-      PropertyRow("vskAddUint16Property", vskAddUint16Property, "InterfaceTypeAndMore"),
-      PropertyRow("vskAddSint16Property", vskAddSint16Property, "Sint16"),
-      PropertyRow("vskAddUint32Property", vskAddUint32Property, "Id"),
-      PropertyRow("vskAddSint32Property", vskAddSint32Property, "Sint32"),
-      PropertyRow("vskAddUint64Property", vskAddUint64Property, "Uint64"),
-      PropertyRow("vskAddSint64Property", vskAddSint64Property, "Sint64"),
-      {"vskAddStringProperty",
-       [](TWorld& w) { return vskAddStringProperty(&w.handle, "Name", kText); }},
-      {"vskAddDateTimeProperty",
-       [](TWorld& w) { return vskAddDateTimeProperty(&w.handle, "Installed", &w.text); }},
+       [](TWorld& w) { return vskAddCIMValueProperty(&w.handle, "String", &w.value); }},
+      {"vskAddUint16Property with a long name",
+       [](TWorld& w) { return vskAddUint16Property(&w.handle, "InterfaceTypeAndMore", 1); }},
       {"vskAddArrayProperty",
        [](TWorld& w) { return vskAddArrayProperty(&w.handle, "Numbers", &w.numbers); }},
       {"vskAddReferenceProperty",
@@ -250,38 +215,26 @@ TEST(OutOfMemoryTest, FunctionsOfTheCInterface) {
        }},
       {"vskSetReferenceClassName",
        [](TWorld& w) { return vskSetReferenceClassName(w.toLink.get(), "Sample_DiskUnitOfMany"); }},
-      KeyRow("vskReferenceAddBoolean", vskReferenceAddBoolean, "Boolean"),
-      KeyRow("vskReferenceAddUint8", vskReferenceAddUint8, "Uint8"),
-      KeyRow("vskReferenceAddSint8", vskReferenceAddSint8, "Sint8"),
-      KeyRow("vskReferenceAddUint16", vskReferenceAddUint16, "InterfaceTypeAndMore"),
-      KeyRow("vskReferenceAddSint16", vskReferenceAddSint16, "Sint16"),
-      KeyRow("vskReferenceAddUint32", vskReferenceAddUint32, "Id"),
-      KeyRow("vskReferenceAddSint32", vskReferenceAddSint32, "Sint32"),
-      KeyRow("vskReferenceAddUint64", vskReferenceAddUint64, "Uint64"),
-      KeyRow("vskReferenceAddSint64", vskReferenceAddSint64, "Sint64"),
-      {"vskReferenceAddString",
-       [](TWorld& w) { return vskReferenceAddString(w.toDisk.get(), "Name", kText); }},
+      {"vskReferenceAddUint16 with a long name",
+       [](TWorld& w) { return vskReferenceAddUint16(w.toDisk.get(), "InterfaceTypeAndMore", 1); }},
       {"vskReferenceAddReference",
        [](TWorld& w) {
          return vskReferenceAddReference(w.toLink.get(), "Antecedent", &w.reference);
        }},
-      {"vskReferenceAddDateTime",
-       [](TWorld& w) { return vskReferenceAddDateTime(w.toLink.get(), "Since", &w.text); }},
-      ElementRow("vskArrayAddBoolean", vskArrayAddBoolean),
-      ElementRow("vskArrayAddUint8", vskArrayAddUint8),
-      ElementRow("vskArrayAddSint8", vskArrayAddSint8),
-      ElementRow("vskArrayAddUint16", vskArrayAddUint16),
-      ElementRow("vskArrayAddSint16", vskArrayAddSint16),
-      ElementRow("vskArrayAddUint32", vskArrayAddUint32),
-      ElementRow("vskArrayAddSint32", vskArrayAddSint32),
-      ElementRow("vskArrayAddUint64", vskArrayAddUint64),
-      ElementRow("vskArrayAddSint64", vskArrayAddSint64),
-      {"vskArrayAddString", [](TWorld& w) { return vskArrayAddString(&w.array, kText); }},
       {"vskArrayAddReference",
        [](TWorld& w) { return vskArrayAddReference(&w.array, &w.reference); }},
-      {"vskArrayAddDateTime", [](TWorld& w) { return vskArrayAddDateTime(&w.array, &w.text); }},
       {"vskGetLocalTime", [](TWorld& w) { return vskGetLocalTime(&w.now); }},
-  });
+  };
+  for (const TTypedRow& typed : TypedRows()) {
+    const char* const type = typed.type.c_str();
+    rows.push_back({"vskAdd" + typed.type + "Property",
+                    [&typed, type](TWorld& w) { return typed.addProperty(&w.handle, type); }});
+    rows.push_back({"vskReferenceAdd" + typed.type,
+                    [&typed, type](TWorld& w) { return typed.addKey(w.toDisk.get(), type); }});
+    rows.push_back(
+        {"vskArrayAdd" + typed.type, [&typed](TWorld& w) { return typed.append(&w.array); }});
+  }
+  SweepAll(rows);
 }
 
 TEST(OutOfMemoryTest, LookUpsWalksAndTexts) {
@@ -309,7 +262,7 @@ TEST(OutOfMemoryTest, LookUpsWalksAndTexts) {
        }},
       {"SetPropertyValue",
        [](TWorld& w) {
-         w.first->SetPropertyValue("Name", TCIMValue(kText));
+         w.first->SetPropertyValue("String", TCIMValue(kText));
          return vskStatusOK;
        }},
       {"AddToContainer",

@@ -11,17 +11,12 @@
 #include <string>
 #include <vector>
 
+#include "cinterface/TTypedRow.h"
 #include "cinterface/vskCIMValueArray.h"
 #include "cinterface/vskIOHandle.h"
 #include "support/StatusOf.h"
 #include "support/TLogCapture.h"
 #include "support/TSchema.h"
-
-// The CIM type that a C function names: "DateTime" is "datetime".
-inline std::string CIMName(std::string type) {
-  for (char& letter : type) letter = static_cast<char>(letter | 0x20);
-  return type;
-}
 
 // The plug-in behind the handle, by name alone.
 class TSpeaker : public IPluginCallbacks {
@@ -44,21 +39,10 @@ class CFixture : public testing::Test {
 
   CFixture() : schema(container), handle{&plugin, &container, nullptr} {
     TCIMClass& target = schema.Class("Sample_Target").Key("Id", TType::cimUint32).Add();
-    all = &schema.Class("Sample_All")
-               .With("ASSOCIATION")
-               .Key("Id", TType::cimUint32)
-               .Property("Boolean", TType::cimBoolean)
-               .Property("Uint8", TType::cimUint8)
-               .Property("Sint8", TType::cimSint8)
-               .Property("Uint16", TType::cimUint16)
-               .Property("Sint16", TType::cimSint16)
-               .Property("Uint32", TType::cimUint32)
-               .Property("Sint32", TType::cimSint32)
-               .Property("Uint64", TType::cimUint64)
-               .Property("Sint64", TType::cimSint64)
-               .Property("Real64", TType::cimReal64)
-               .Property("String", TType::cimString)
-               .Property("DateTime", TType::cimDateTime)
+    TClassBuilder builder = schema.Class("Sample_All");
+    builder.With("ASSOCIATION").Key("Id", TType::cimUint32);
+    for (const TTypedRow& row : TypedRows()) builder.Property(row.type, CIMType(row.type));
+    all = &builder.Property("Real64", TType::cimReal64)
                .Reference("Reference", target)
                .Property("Uint8s", TCIMValue(TType::cimUint8, 5))
                .Property("Strings", TCIMValue(TType::cimString, 5))

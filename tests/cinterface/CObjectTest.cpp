@@ -38,86 +38,39 @@ TEST_F(CDateTimeTest, EachFormIsSetAndStored) {
 
 // ---- References ----
 
-struct TKeyRow {
-  const char* type;
-  vskStatus (*add)(TCIMReference*, const char* key);
-  const char* stored;
-  const char* refusedBy;
-};
-
-const TKeyRow kKeys[] = {
-    {"Boolean", [](TCIMReference* r, const char* key) { return vskReferenceAddBoolean(r, key, 1); },
-     "true", "Sint8"},
-    {"Uint8", [](TCIMReference* r, const char* key) { return vskReferenceAddUint8(r, key, 200); },
-     "200", "Uint16"},
-    {"Sint8", [](TCIMReference* r, const char* key) { return vskReferenceAddSint8(r, key, -100); },
-     "-100", "Sint16"},
-    {"Uint16",
-     [](TCIMReference* r, const char* key) { return vskReferenceAddUint16(r, key, 60001); },
-     "60001", "Uint32"},
-    {"Sint16",
-     [](TCIMReference* r, const char* key) { return vskReferenceAddSint16(r, key, -30001); },
-     "-30001", "Sint32"},
-    {"Uint32",
-     [](TCIMReference* r, const char* key) { return vskReferenceAddUint32(r, key, 4000000001u); },
-     "4000000001", "Uint64"},
-    {"Sint32",
-     [](TCIMReference* r, const char* key) { return vskReferenceAddSint32(r, key, -2000000001); },
-     "-2000000001", "Sint64"},
-    {"Uint64",
-     [](TCIMReference* r, const char* key) {
-       return vskReferenceAddUint64(r, key, 18000000000000000001u);
-     },
-     "18000000000000000001", "Boolean"},
-    {"Sint64",
-     [](TCIMReference* r, const char* key) {
-       return vskReferenceAddSint64(r, key, -9000000000000000001);
-     },
-     "-9000000000000000001", "Uint8"},
-    {"String",
-     [](TCIMReference* r, const char* key) { return vskReferenceAddString(r, key, "text"); },
-     "text", "Uint8"},
-    {"DateTime",
-     [](TCIMReference* r, const char* key) {
-       const TCIMDateTime interval(3, 12, 34, 56, 789);
-       return vskReferenceAddDateTime(r, key, &interval);
-     },
-     "00000003123456.000789:000", "String"},
-    {"Reference",
-     [](TCIMReference* r, const char* key) {
-       TCIMReference target;
-       target.SetClass(r->GetClass());  // any class: keys are held against the type alone
-       return vskReferenceAddReference(r, key, &target);
-     },
-     "Sample_All", "String"},
-};
-
 using CReferenceTest = CFixture;
 
 TEST_F(CReferenceTest, EachKeyFunctionBindsItsTypeAndRefusesOthers) {
-  for (const TKeyRow& row : kKeys) {
+  std::vector<TTypedRow> rows = TypedRows();
+  rows.push_back({"Reference", "Sample_All", "String", nullptr,
+                  [](TCIMReference* ref, const char* key) {
+                    TCIMReference target;
+                    target.SetClass(ref->GetClass());  // any: keys are held against the type alone
+                    return vskReferenceAddReference(ref, key, &target);
+                  },
+                  nullptr});
+  for (const TTypedRow& row : rows) {
     SCOPED_TRACE(row.type);
     TCIMReference* ref = nullptr;
     ASSERT_EQ(vskStatusOK, vskNewCIMReference(&ref, &handle));
     ASSERT_EQ(vskStatusOK, vskSetReferenceClassName(ref, "sample_all"));
-    EXPECT_EQ(vskStatusOK, row.add(ref, row.type));
-    EXPECT_EQ("Sample_All." + std::string(row.type) + "=\"" + row.stored + "\"", ref->GetPath());
-    EXPECT_EQ(vskStatusTypeMismatch, row.add(ref, row.refusedBy));
+    EXPECT_EQ(vskStatusOK, row.addKey(ref, row.type.c_str()));
+    EXPECT_EQ("Sample_All." + row.type + "=\"" + row.stored + "\"", ref->GetPath());
+    EXPECT_EQ(vskStatusTypeMismatch, row.addKey(ref, row.refusedBy.c_str()));
     EXPECT_EQ("Declaration type: " + CIMName(row.refusedBy) + " Value type: " + CIMName(row.type),
               Told());
-    EXPECT_EQ(vskStatusNotFound, row.add(ref, "Absent"));
+    EXPECT_EQ(vskStatusNotFound, row.addKey(ref, "Absent"));
     EXPECT_EQ(vskStatusInvalidOpSequence, vskSetReferenceClassName(ref, "Sample_All"));
     EXPECT_EQ("", log.Take());
 
-    const std::string type = row.type;
-    const bool pointer = type == "String" || type == "DateTime" || type == "Reference";
+    const bool pointer = row.type == "String" || row.type == "DateTime" || row.type == "Reference";
     const std::string nullLine =
-        "vskReferenceAdd" + type +
+        "vskReferenceAdd" + row.type +
         (pointer ? ": NULL ref, key and/or value parameter" : ": NULL ref and/or key parameter");
-    EXPECT_EQ(vskStatusFail, row.add(ref, nullptr));
+    EXPECT_EQ(vskStatusFail, row.addKey(ref, nullptr));
     EXPECT_EQ(nullLine, log.Take());
-    if (type != "Reference") {  // its row asks the reference for a class to point to
-      EXPECT_EQ(vskStatusFail, row.add(nullptr, row.type));
+    if (row.type != "Reference") {  // its row asks the reference for a class to point to
+      EXPECT_EQ(vskStatusFail, row.addKey(nullptr, row.type.c_str()));
       EXPECT_EQ(nullLine, log.Take());
     }
     EXPECT_EQ(vskStatusOK, vskDeleteCIMReference(ref));
@@ -191,67 +144,30 @@ TEST_F(CReferenceTest, FollowsTheRulesOfReferences) {
 
 // ---- Arrays ----
 
-struct TElementRow {
-  const char* type;
-  vskStatus (*append)(vskCIMValueArray*);
-  TCIMValue::ECIMType cimType;
-  const char* stored;
-};
-
-const TElementRow kElements[] = {
-    {"Boolean", [](vskCIMValueArray* a) { return vskArrayAddBoolean(a, 1); },
-     CFixture::TType::cimBoolean, "true"},
-    {"Uint8", [](vskCIMValueArray* a) { return vskArrayAddUint8(a, 200); },
-     CFixture::TType::cimUint8, "200"},
-    {"Sint8", [](vskCIMValueArray* a) { return vskArrayAddSint8(a, -100); },
-     CFixture::TType::cimSint8, "-100"},
-    {"Uint16", [](vskCIMValueArray* a) { return vskArrayAddUint16(a, 60001); },
-     CFixture::TType::cimUint16, "60001"},
-    {"Sint16", [](vskCIMValueArray* a) { return vskArrayAddSint16(a, -30001); },
-     CFixture::TType::cimSint16, "-30001"},
-    {"Uint32", [](vskCIMValueArray* a) { return vskArrayAddUint32(a, 4000000001u); },
-     CFixture::TType::cimUint32, "4000000001"},
-    {"Sint32", [](vskCIMValueArray* a) { return vskArrayAddSint32(a, -2000000001); },
-     CFixture::TType::cimSint32, "-2000000001"},
-    {"Uint64", [](vskCIMValueArray* a) { return vskArrayAddUint64(a, 18000000000000000001u); },
-     CFixture::TType::cimUint64, "18000000000000000001"},
-    {"Sint64", [](vskCIMValueArray* a) { return vskArrayAddSint64(a, -9000000000000000001); },
-     CFixture::TType::cimSint64, "-9000000000000000001"},
-    {"String", [](vskCIMValueArray* a) { return vskArrayAddString(a, "text"); },
-     CFixture::TType::cimString, "text"},
-    {"DateTime",
-     [](vskCIMValueArray* a) {
-       const TCIMDateTime interval(3, 12, 34, 56, 789);
-       return vskArrayAddDateTime(a, &interval);
-     },
-     CFixture::TType::cimDateTime, "00000003123456.000789:000"},
-};
-
 using CArrayTest = CFixture;
 
 TEST_F(CArrayTest, EachFunctionAppendsItsType) {
   Open(1);
   vskCIMValueArray array;
-  for (const TElementRow& row : kElements) {
+  for (const TTypedRow& row : TypedRows()) {
     SCOPED_TRACE(row.type);
     ASSERT_EQ(vskStatusOK, row.append(&array));
-    EXPECT_EQ(row.cimType, array.elements.back().GetType());
+    EXPECT_EQ(CIMType(row.type), array.elements.back().GetType());
     EXPECT_EQ(row.stored, array.elements.back().ToString(10));
-    const std::string type = row.type;
-    const std::string other = type == "Uint8" ? "String" : "Uint8";
+    const std::string other = row.type == "Uint8" ? "String" : "Uint8";
     const vskCIMValueArray alone{{array.elements.back()}};
     EXPECT_EQ(vskStatusInvalidProperty,
               vskAddArrayProperty(&handle, (other + "s").c_str(), &alone));
     EXPECT_EQ("ERROR: Attempting to create array of type " + CIMName(other) +
-                  ", but element is of type " + CIMName(type) + ".",
+                  ", but element is of type " + CIMName(row.type) + ".",
               Told());
     EXPECT_EQ(vskStatusFail, row.append(nullptr));
-    const bool pointer = type == "String" || type == "DateTime";
-    EXPECT_EQ("vskArrayAdd" + type +
+    const bool pointer = row.type == "String" || row.type == "DateTime";
+    EXPECT_EQ("vskArrayAdd" + row.type +
                   (pointer ? ": NULL array and/or value parameter" : ": NULL array parameter"),
               log.Take());
   }
-  EXPECT_EQ(std::size(kElements), array.elements.size());
+  EXPECT_EQ(TypedRows().size(), array.elements.size());
   EXPECT_EQ(vskStatusOK, vskArrayAddBoolean(&array, 0));
   EXPECT_EQ("false", array.elements.back().ToString(10));
 }

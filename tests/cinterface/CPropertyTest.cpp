@@ -5,55 +5,6 @@
 
 namespace {
 
-// One row for each typed function: its door, how it is called with a good value, what is stored,
-// and the property of another type that refuses it.
-struct TPropertyRow {
-  const char* type;
-  vskStatus (*add)(vskIOHandle*, const char* name);
-  const char* stored;
-  const char* refusedBy;
-};
-
-const TPropertyRow kRows[] = {
-    {"Boolean", [](vskIOHandle* h, const char* name) { return vskAddBooleanProperty(h, name, 1); },
-     "true", "Sint8"},
-    {"Uint8", [](vskIOHandle* h, const char* name) { return vskAddUint8Property(h, name, 200); },
-     "200", "Uint16"},
-    {"Sint8", [](vskIOHandle* h, const char* name) { return vskAddSint8Property(h, name, -100); },
-     "-100", "Sint16"},
-    {"Uint16",
-     [](vskIOHandle* h, const char* name) { return vskAddUint16Property(h, name, 60001); }, "60001",
-     "Uint32"},
-    {"Sint16",
-     [](vskIOHandle* h, const char* name) { return vskAddSint16Property(h, name, -30001); },
-     "-30001", "Sint32"},
-    {"Uint32",
-     [](vskIOHandle* h, const char* name) { return vskAddUint32Property(h, name, 4000000001u); },
-     "4000000001", "Uint64"},
-    {"Sint32",
-     [](vskIOHandle* h, const char* name) { return vskAddSint32Property(h, name, -2000000001); },
-     "-2000000001", "Sint64"},
-    {"Uint64",
-     [](vskIOHandle* h, const char* name) {
-       return vskAddUint64Property(h, name, 18000000000000000001u);
-     },
-     "18000000000000000001", "Boolean"},
-    {"Sint64",
-     [](vskIOHandle* h, const char* name) {
-       return vskAddSint64Property(h, name, -9000000000000000001);
-     },
-     "-9000000000000000001", "Uint8"},
-    {"String",
-     [](vskIOHandle* h, const char* name) { return vskAddStringProperty(h, name, "text"); }, "text",
-     "Uint8"},
-    {"DateTime",
-     [](vskIOHandle* h, const char* name) {
-       const TCIMDateTime interval(3, 12, 34, 56, 789);
-       return vskAddDateTimeProperty(h, name, &interval);
-     },
-     "00000003123456.000789:000", "String"},
-};
-
 // What refuses a NULL name: the functions that take a pointer do it themselves.
 std::string NullNameLine(const std::string& type) {
   if (type == "String") return "vskAddStringProperty: NULL value and/or name parameter";
@@ -65,32 +16,32 @@ using CPropertyTest = CFixture;
 
 TEST_F(CPropertyTest, EachTypedFunctionStoresItsTypeAndRefusesOthers) {
   Open(1);
-  for (const TPropertyRow& row : kRows) {
+  for (const TTypedRow& row : TypedRows()) {
     SCOPED_TRACE(row.type);
-    EXPECT_EQ(vskStatusOK, row.add(&handle, row.type));
+    EXPECT_EQ(vskStatusOK, row.addProperty(&handle, row.type.c_str()));
     EXPECT_EQ(row.stored, Stored(row.type));
 
     const std::string before = Stored(row.refusedBy);
-    EXPECT_EQ(vskStatusTypeMismatch, row.add(&handle, row.refusedBy));
+    EXPECT_EQ(vskStatusTypeMismatch, row.addProperty(&handle, row.refusedBy.c_str()));
     EXPECT_EQ(before, Stored(row.refusedBy));
     EXPECT_EQ("SetValue: decl is type " + CIMName(row.refusedBy) + " but value is type " +
                   CIMName(row.type) +
                   "\nAddProperty: CIM class Sample_All threw exception vskStatusTypeMismatch",
               Told());
 
-    EXPECT_EQ(vskStatusNotFound, row.add(&handle, "Absent"));
+    EXPECT_EQ(vskStatusNotFound, row.addProperty(&handle, "Absent"));
     EXPECT_EQ("AddProperty: CIM class Sample_All threw exception vskStatusNotFound", Told());
-    EXPECT_EQ(vskStatusFail, row.add(nullptr, row.type));
+    EXPECT_EQ(vskStatusFail, row.addProperty(nullptr, row.type.c_str()));
     EXPECT_EQ("vskAddCIMValueProperty: NULL vskIOHandle parameter", Told());
-    EXPECT_EQ(vskStatusFail, row.add(&handle, nullptr));
+    EXPECT_EQ(vskStatusFail, row.addProperty(&handle, nullptr));
     EXPECT_EQ(NullNameLine(row.type), Told());
   }
 }
 
 TEST_F(CPropertyTest, WithoutAnOpenInstanceIsRefused) {
-  for (const TPropertyRow& row : kRows) {
+  for (const TTypedRow& row : TypedRows()) {
     SCOPED_TRACE(row.type);
-    EXPECT_EQ(vskStatusInvalidClass, row.add(&handle, row.type));
+    EXPECT_EQ(vskStatusInvalidClass, row.addProperty(&handle, row.type.c_str()));
     EXPECT_EQ("vskAddProperty: no current instance", Told());
   }
   EXPECT_EQ(vskStatusInvalidClass, vskAddProperty(&handle, "Id", "1"));
