@@ -108,6 +108,15 @@ struct TRow {
   std::function<vskStatus(TWorld&)> run;
 };
 
+// Calls what makes something, and keeps what it has made.
+template <typename TMade, typename TMake>
+vskStatus Keep(std::unique_ptr<TMade>& kept, TMake&& make) {
+  TMade* made = nullptr;
+  const vskStatus status = make(&made);
+  kept.reset(made);
+  return status;
+}
+
 // The status of the work, whichever way it tells.
 template <typename TWork>
 vskStatus Outcome(TWork&& work) {
@@ -192,27 +201,13 @@ TEST(OutOfMemoryTest, FunctionsOfTheCInterface) {
        [](TWorld& w) { return vskSetDateTimeInterval(&w.text, 1, 2, 3, 4, 5); }},
       {"vskSetDateTimeString",
        [](TWorld& w) { return vskSetDateTimeString(&w.text, "00000001020304.000005:000"); }},
-      {"vskNewCIMDateTime",
-       [](TWorld& w) {
-         TCIMDateTime* made = nullptr;
-         const vskStatus status = vskNewCIMDateTime(&made);
-         w.newDateTime.reset(made);
-         return status;
-       }},
+      {"vskNewCIMDateTime", [](TWorld& w) { return Keep(w.newDateTime, vskNewCIMDateTime); }},
       {"vskNewCIMReference",
        [](TWorld& w) {
-         TCIMReference* made = nullptr;
-         const vskStatus status = vskNewCIMReference(&made, &w.handle);
-         w.newReference.reset(made);
-         return status;
+         return Keep(w.newReference,
+                     [&](TCIMReference** made) { return vskNewCIMReference(made, &w.handle); });
        }},
-      {"vskNewCIMValueArray",
-       [](TWorld& w) {
-         vskCIMValueArray* made = nullptr;
-         const vskStatus status = vskNewCIMValueArray(&made);
-         w.newArray.reset(made);
-         return status;
-       }},
+      {"vskNewCIMValueArray", [](TWorld& w) { return Keep(w.newArray, vskNewCIMValueArray); }},
       {"vskSetReferenceClassName",
        [](TWorld& w) { return vskSetReferenceClassName(w.toLink.get(), "Sample_DiskUnitOfMany"); }},
       {"vskReferenceAddUint16 with a long name",

@@ -77,6 +77,20 @@ class CFixture : public testing::Test {
     return joined;
   }
 
+  // What calls gave, and the line that each has logged.
+  struct TRefusal {
+    vskStatus status;
+    const char* line;
+  };
+  void ExpectRefusals(const std::vector<TRefusal>& rows) {
+    const std::vector<std::string> lines = ToldLines();
+    ASSERT_EQ(rows.size(), lines.size());
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      EXPECT_EQ(vskStatusFail, rows[i].status) << rows[i].line;
+      EXPECT_EQ(rows[i].line, lines[i]);
+    }
+  }
+
   TLogCapture log;
   TSpeaker speaker;
   TPlugin plugin{&speaker};

@@ -55,10 +55,7 @@ TEST_F(CPropertyTest, PointerArgumentsAreTestedBeforeTheHandle) {
   const TCIMDateTime dateTime;
   const TCIMReference reference;
   const vskCIMValueArray array;
-  const struct {
-    vskStatus status;
-    const char* line;
-  } rows[] = {
+  ExpectRefusals({
       {vskAddStringProperty(nullptr, "String", nullptr),
        "vskAddStringProperty: NULL value and/or name parameter"},
       {vskAddStringProperty(nullptr, nullptr, "text"),
@@ -86,13 +83,7 @@ TEST_F(CPropertyTest, PointerArgumentsAreTestedBeforeTheHandle) {
        "Sample: vskAddCIMValueProperty: NULL value parameter"},
       {vskAddClass(nullptr, "Sample_All"), "vskAddClass: NULL vskIOHandle parameter"},
       {vskAddClass(&handle, nullptr), "Sample: vskAddClass: NULL name parameter"},
-  };
-  const std::vector<std::string> lines = ToldLines();
-  ASSERT_EQ(std::size(rows), lines.size());
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    EXPECT_EQ(vskStatusFail, rows[i].status) << rows[i].line;
-    EXPECT_EQ(rows[i].line, lines[i]);
-  }
+  });
 }
 
 TEST_F(CPropertyTest, TextIsReadAsTheDeclaredType) {
