@@ -22,8 +22,9 @@ namespace {
 using TType = TCIMValue::TCIMType;
 using TTexts = std::vector<std::string>;
 
-TCIMValue Strings(const TTexts& texts) {
-  return TCIMValue(TType::cimString, 0, {texts.begin(), texts.end()});
+template <typename... TText>
+TCIMValue Strings(TText... texts) {
+  return TCIMValue(TType::cimString, 0, {TCIMValue(texts)...});
 }
 
 TCIMValue NullOf(TCIMValue::ECIMType type) {
@@ -57,7 +58,7 @@ class TValueMapTest : public testing::Test {
   void Override() {
     auto declaration = Declaration(*sub_);
     Add(*declaration, "OVERRIDE", "State");
-    Add(*declaration, "Values", Strings({"p", "q", "r"}));
+    Add(*declaration, "Values", Strings("p", "q", "r"));
     overriding_ = &AddOrDestroy(std::move(declaration));
   }
 
@@ -132,48 +133,21 @@ TEST_F(TValueMapTest, NoticesEveryChangeOfWhatItIsMadeFrom) {
     const char* base;  // how 2 shows then, with what is logged
     const char* sub;   // likewise, by the subclass
   } kSteps[] = {
-      {"Values added",
-       [&] {
-         Add(*state_, "Values", Strings({"a", "b", "c"}));
-       },
-       "c", "c"},
-      {"map added",
-       [&] {
-         Add(*state_, "ValueMap", Strings({"2", "5..", "0"}));
-       },
-       "a", "a"},
-      {"map replaced",
-       [&] {
-         Add(*state_, "VALUEMAP", Strings({"9", "0..", "3"}));
-       },
-       "b", "b"},
+      {"Values added", [&] { Add(*state_, "Values", Strings("a", "b", "c")); }, "c", "c"},
+      {"map added", [&] { Add(*state_, "ValueMap", Strings("2", "5..", "0")); }, "a", "a"},
+      {"map replaced", [&] { Add(*state_, "VALUEMAP", Strings("9", "0..", "3")); }, "b", "b"},
       {"map set to NULL", [&] { Set(*state_, "ValueMap", none); }, "c", "c"},
-      {"map set",
-       [&] {
-         Set(*state_, "ValueMap", Strings({"..1", "..4", ".."}));
-       },
-       "b", "b"},
+      {"map set", [&] { Set(*state_, "ValueMap", Strings("..1", "..4", "..")); }, "b", "b"},
       {"Values set to NULL", [&] { Set(*state_, "Values", none); }, "2", "2"},
-      {"Values set",
-       [&] {
-         Set(*state_, "Values", Strings({"x", "y"}));
-       },
-       kSizes, kSizes},
+      {"Values set", [&] { Set(*state_, "Values", Strings("x", "y")); }, kSizes, kSizes},
       {"name", [&] { state_->SetName("Mode"); }, kRenamed, kRenamed},
       {"log's level lowered", [&] { level(2); }, "2", "2"},
       {"log's level raised", [&] { level(3); }, kRenamed, kRenamed},
       {"map removed", [&] { Remove(*state_, "ValueMap"); }, "2", "2"},
-      {"Values replaced",
-       [&] {
-         Add(*state_, "Values", Strings({"k", "l", "m"}));
-       },
-       "m", "m"},
+      {"Values replaced", [&] { Add(*state_, "Values", Strings("k", "l", "m")); }, "m", "m"},
       {"overridden", [&] { Override(); }, "m", "r"},
       {"Values of the override removed", [&] { Remove(*overriding_, "Values"); }, "m", "2"},
-      {"Values of the override added",
-       [&] {
-         Add(*overriding_, "Values", Strings({"", "", "u"}));
-       },
+      {"Values of the override added", [&] { Add(*overriding_, "Values", Strings("", "", "u")); },
        "m", "u"},
       {"a map that can't be read", [&] { Add(*state_, "ValueMap", holed); }, "vskStatusValueIsNULL",
        "u"},
