@@ -1,5 +1,6 @@
 // The indexes of instances and of referrers against the plain walks: random changes of every kind
-// that may reach a path or a reference, and between them the same questions to both.
+// that may reach a path or a reference, and between them the same questions to both. Behind that,
+// searches whose answers are known.
 #include <vskcore/model/TCIMDateTime.h>
 
 #include <algorithm>
@@ -369,7 +370,27 @@ class TIndexWorld {
   std::map<const TCIMInstance*, TCIMProperty*> kept_;  // fetched some time ago
 };
 
-class TInstanceIndexJudge : public testing::Test {
+// Searches, and holds the answers against those of the walk.
+class TSearchTest : public TModelTest {
+ protected:
+  void Compare(const TCIMClass& cimClass, const TCIMReference& reference) {
+    log.Take();
+    TCIMInstance* expected = nullptr;
+    const vskStatus status = StatusOf([&] { expected = Walk(cimClass, reference); });
+    const std::string lines = log.Take();
+    TCIMInstance* found = nullptr;
+    EXPECT_EQ(status, StatusOf([&] { found = cimClass.FindInstance(reference); }));
+    EXPECT_EQ(lines, log.Take());
+    EXPECT_EQ(expected, found) << cimClass.GetName();
+    ++answers[status];
+    if (found != nullptr) ++hits;
+  }
+
+  std::map<vskStatus, int> answers;
+  int hits = 0;
+};
+
+class TInstanceIndexJudge : public TSearchTest {
  protected:
   void Run(unsigned int seed, std::size_t size, int steps) {
     TIndexWorld world(seed, size);
@@ -386,19 +407,6 @@ class TInstanceIndexJudge : public testing::Test {
     }
   }
 
-  void Compare(const TCIMClass& cimClass, const TCIMReference& reference) {
-    log.Take();
-    TCIMInstance* expected = nullptr;
-    const vskStatus status = StatusOf([&] { expected = Walk(cimClass, reference); });
-    const std::string lines = log.Take();
-    TCIMInstance* found = nullptr;
-    EXPECT_EQ(status, StatusOf([&] { found = cimClass.FindInstance(reference); }));
-    EXPECT_EQ(lines, log.Take());
-    EXPECT_EQ(expected, found) << cimClass.GetName();
-    ++answers[status];
-    if (found != nullptr) ++hits;
-  }
-
   void CompareReferrers(const TCIMInstance& target, const std::string& role) {
     log.Take();
     std::vector<TCIMInstance*> expected;
@@ -412,10 +420,7 @@ class TInstanceIndexJudge : public testing::Test {
     if (!found.empty()) ++referrerHits;
   }
 
-  TLogCapture log;
-  std::map<vskStatus, int> answers;
   std::map<vskStatus, int> referrerAnswers;
-  int hits = 0;
   int referrerHits = 0;
 };
 
@@ -433,6 +438,179 @@ TEST_F(TInstanceIndexJudge, NeverHearsAnotherAnswerThanTheWalks) {
                                  vskStatusTypeMismatch, vskStatusValueIsNULL}) {
     EXPECT_GT(referrerAnswers[status], 20) << status;
   }
+}
+
+using TStatuses = std::set<vskStatus>;
+
+// Searches for everything in the container by every path in it, in every class.
+class TAllSearches : public TSearchTest {
+ protected:
+  void ExpectWalks(const std::vector<TCIMReference>& references) {
+    for (const TCIMClass* cimClass : container.GetRootClass().EnumerateSubClasses(true)) {
+      for (const TCIMReference& reference : references) Compare(*cimClass, reference);
+    }
+  }
+  TStatuses Statuses() const {
+    TStatuses statuses;
+    for (const auto& [status, count] : answers) statuses.insert(status);
+    return statuses;
+  }
+};
+
+TEST_F(TAllSearches, OfOrdinaryKeys) {
+  TCIMClass& disk = schema.Class("Disk")
+                        .Key("Id", TType::cimUint32)
+                        .Key("_b", TType::cimString)
+                        .Key("B", TType::cimReal64)
+                        .Property("z", TType::cimReal64)
+                        .Add();
+  TCIMClass& solid = schema.Class("Solid", &disk).Add();
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  std::vector<TCIMReference> paths;
+  for (TCIMClass* cimClass : {&disk, &solid}) {
+    for (const double real : {0.0, -0.0, 1.5, nan}) {
+      TCIMInstance& added =
+          schema.Add(*cimClass, {{"Id", TCIMValue(1u)}, {"_b", "x"}, {"b", real}});
+      paths.push_back(added.BuildPath());
+    }
+  }
+  paths.push_back(schema.Path(disk, {}));
+  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}}));
+  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}, {"b", 1.5}}));  // "B"
+  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "X"}, {"B", 1.5}}));
+  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}, {"B", 1.5}, {"z", 1.5}}));
+  paths.push_back(TCIMReference());
+  paths.front().SetKeyBindings(
+      {{"B", TCIMValue(1.5)}, {"Id", TCIMValue(1)}, {"_b", TCIMValue("x")}});
+  ExpectWalks(paths);
+  EXPECT_EQ(TStatuses{vskStatusOK}, Statuses());
+  EXPECT_EQ(5, hits);
+
+  // A key that became NULL, or changed otherwise, after the instance joined.
+  disk.EnumerateInstances(false)[2]->SetPropertyValue("_B", TCIMValue(TType(TType::cimString), 0));
+  disk.EnumerateInstances(false)[1]->SetPropertyValue("Id", TCIMValue(8u));
+  for (const TCIMInstance* instance : disk.EnumerateInstances(true)) {
+    paths.push_back(instance->BuildPath());
+  }
+  ExpectWalks(paths);
+}
+
+TEST_F(TAllSearches, OfKeysThatAreReferencesDateTimesAndArrays) {
+  TCIMClass& disk = schema.Class("Disk").Key("Id", TType::cimUint32).Add();
+  TCIMClass& link =
+      schema.Class("Link").With("ASSOCIATION").Reference("To", disk).With("KEY").Add();
+  TCIMClass& event = schema.Class("Event").Key("At", TType::cimDateTime).Add();
+  TCIMClass& list =
+      schema.Class("List").Property("Ids", TCIMValue(TType(TType::cimUint32), 2)).With("KEY").Add();
+  const TCIMReference seven = schema.Path(disk, {{"Id", TCIMValue(7u)}});
+  schema.Add(disk, {{"Id", TCIMValue(7u)}});
+  schema.Add(link, {{"To", TCIMValue(schema.Path(disk, {{"Id", TCIMValue(6u)}}))}});
+  schema.Add(link, {{"To", TCIMValue(seven)}});
+  schema.Add(event, {{"At", TCIMValue(TCIMDateTime("20051031175918.000000+060"))}});
+  schema.Add(event, {{"At", TCIMValue(TCIMDateTime("00000001020304.000005:000"))}});
+  schema.Add(list, {{"Ids", TCIMValue(TType(TType::cimUint32), 2, {TCIMValue(1u)})}});
+  std::vector<TCIMReference> paths;
+  for (const TCIMInstance* instance : container.GetRootClass().EnumerateInstances(true)) {
+    paths.push_back(instance->BuildPath());
+  }
+  paths.push_back(
+      schema.Path(event, {{"At", TCIMValue(TCIMDateTime("20051031165918.000000+000"))}}));
+  paths.push_back(schema.Path(link, {{"To", NullReference(disk)}}));
+  // Neither another name nor another number of keys lets the values be compared.
+  const TCIMValue interval(TCIMDateTime("00000001020304.000005:000"));
+  paths.push_back(schema.Path(event, {{"at", interval}}));
+  paths.push_back(schema.Path(event, {{"At", interval}, {"at", interval}}));
+  ExpectWalks(paths);
+  EXPECT_EQ(5, hits);  // the disk, both links, the timestamp in both spellings
+  EXPECT_EQ((TStatuses{vskStatusOK, vskStatusInvalidDateTime, vskStatusNotImplemented}),
+            Statuses());
+}
+
+TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
+  const auto expectWalks = [&](const char* when) {
+    SCOPED_TRACE(when);
+    TCIMClass& disk = container.GetClass("Disk");
+    answers.clear();
+    TCIMReference named = schema.Path(disk, {});
+    named.SetKeyBindings({{"Name", TCIMValue(2u)}});
+    ExpectWalks({schema.Path(disk, {{"Id", TCIMValue(1u)}}), named, TCIMReference()});
+    return Statuses();
+  };
+  TCIMClass& disk =
+      schema.Class("Disk").Key("Id", TType::cimUint32).Property("Name", TType::cimUint32).Add();
+  auto& id = const_cast<TCIMPropertyDecl&>(disk.GetPropertyDecl("Id"));
+  auto& name = const_cast<TCIMPropertyDecl&>(disk.GetPropertyDecl("Name"));
+  schema.Qualify(name, "KEY", TCIMValue("yes"));
+  EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("a bad key and nothing to see it"));
+  name.RemoveQualifier(const_cast<TCIMQualifier&>(name.GetQualifier("KEY")));
+  schema.Add(disk, {{"Id", TCIMValue(1u)}});
+  schema.Add(disk, {{"Id", TCIMValue(1u)}, {"Name", TCIMValue(2u)}});
+  EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("as usual"));
+  EXPECT_EQ(1, hits);
+
+  schema.Qualify(name, "KEY", TCIMValue("yes"));
+  EXPECT_EQ(TStatuses{vskStatusTypeMismatch}, expectWalks("a bad key"));
+  const_cast<TCIMQualifier&>(name.GetQualifier("KEY")).SetValue(TCIMValue(true));
+  EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("a new key"));
+  name.SetValue(TCIMValue("text"));
+  EXPECT_EQ(TStatuses{vskStatusTypeMismatch}, expectWalks("a key of another type"));
+  const TCIMValue noCopy(TType(TType::cimChar), 0);
+  EXPECT_EQ(vskStatusTypeMismatch, StatusOf([&] { name.SetValue(noCopy); }));  // takes the type
+  EXPECT_EQ(TStatuses{vskStatusTypeMismatch}, expectWalks("a key that no path can take"));
+  name.SetValue(TCIMValue(3u));
+  id.SetName("Ident");
+  EXPECT_EQ(TStatuses{vskStatusNotFound}, expectWalks("a renamed key"));
+  id.SetName("nAME");
+  EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("two keys of one name"));
+  id.SetName("Name");
+  hits = 0;
+  EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("two keys of one spelling"));
+  EXPECT_EQ(1, hits);  // a path holds a name once
+  id.SetName("i d");
+  EXPECT_EQ(TStatuses{vskStatusInvalidCIMName}, expectWalks("a key with no name"));
+  id.SetName("ID");
+  EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("another spelling"));
+  disk.RemovePropertyDecl(name);
+  EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("a dropped key"));
+  AddOrDestroy(std::make_unique<TCIMPropertyDecl>("Late", disk, TCIMValue(1u)));
+  schema.Qualify(const_cast<TCIMPropertyDecl&>(disk.GetPropertyDecl("Late")), "KEY");
+  EXPECT_EQ(TStatuses{vskStatusNotFound}, expectWalks("a key that the instances lack"));
+}
+
+TEST_F(TAllSearches, OfNumbersOfEveryType) {
+  const TCIMValue numbers[] = {true,
+                               std::uint8_t{1},
+                               std::int8_t{-1},
+                               std::uint16_t{1},
+                               std::int16_t{-1},
+                               1u,
+                               -1,
+                               std::uint64_t{1},
+                               std::int64_t{-1},
+                               1.5f,
+                               -1.5};
+  std::vector<TCIMReference> paths;
+  for (const TCIMValue& number : numbers) {
+    const TType type = number.GetType();
+    TCIMClass& cimClass = schema.Class("Of_" + type.ToString()).Key("Id", type).Add();
+    paths.push_back(schema.Add(cimClass, {{"Id", number}}).BuildPath());
+  }
+  ExpectWalks(paths);
+  EXPECT_EQ(static_cast<int>(std::size(numbers)), hits);
+}
+
+TEST_F(TAllSearches, OfKeysThatNoPathCanHold) {
+  TCIMClass& disk =
+      schema.Class("Disk").Key("Id", TType::cimUint32).Property("C", TType::cimUint8).Add();
+  schema.Add(disk, {{"Id", TCIMValue(1u)}});
+  auto& letter = const_cast<TCIMPropertyDecl&>(disk.GetPropertyDecl("C"));
+  schema.Qualify(letter, "KEY");
+  TCIMValue null;
+  null.SetNullValue(TType::cimChar, 0);
+  EXPECT_EQ(vskStatusTypeMismatch, StatusOf([&] { letter.SetValue(null); }));
+  EXPECT_EQ(TType::cimChar, letter.GetType());
+  ExpectWalks({schema.Path(disk, {{"Id", TCIMValue(1u)}})});
+  EXPECT_EQ(TStatuses{vskStatusTypeMismatch}, Statuses());
 }
 
 }  // namespace
