@@ -319,17 +319,6 @@ TEST_F(TCIMClassTree, IsWalkedInPreOrderOfJoining) {
   EXPECT_EQ(0u, root.EnumerateInstances(false).size());
 }
 
-TEST_F(TCIMClassTree, MayBeDeeperThanTheStack) {
-  constexpr int kDepth = 30000;
-  TCIMClass* last = &schema.Class("C0").Key("Id", TType::cimUint32).Add();
-  for (int i = 1; i < kDepth; ++i) last = &schema.Class("C" + std::to_string(i), last).Add();
-  schema.Add(*last, {{"Id", TCIMValue(9u)}});
-  EXPECT_EQ(static_cast<std::size_t>(kDepth),
-            container.GetRootClass().EnumerateSubClasses(true).size());
-  EXPECT_EQ(1u, container.GetClass("C0").EnumerateInstances(true).size());
-  EXPECT_TRUE(last->IsSubclassOf(&container.GetClass("C0")));
-}
-
 TEST_F(TCIMClassTree, ComparesNamesExactly) {
   const auto upper = schema.Class("Disk").Take();
   const auto lower = schema.Class("disk").Take();

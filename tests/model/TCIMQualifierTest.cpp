@@ -114,19 +114,6 @@ TEST(TCIMQualifierDecl, ComparesByName) {
   EXPECT_EQ("CIM name 'no name' is invalid\nCIM name 'no name' is invalid", log.Take());
 }
 
-TEST(TCIMQualifierDecl, NameCanBeTakenOnce) {
-  TLogCapture log;
-  TContainer container;
-  const auto declare = [&](const char* name, unsigned int value) {
-    container.AllocateQualifierDecl(name, value, TCIMQualifierDecl::scopeNone, kNoFlavor)
-        .AddToContainer();
-  };
-  declare("Key", 1);
-  EXPECT_EQ(vskStatusAlreadyExists, StatusOf([&] { declare("KEY", 2); }));
-  EXPECT_EQ("[3] TContainer: qualifier KEY already defined", log.Take());
-  EXPECT_EQ("1", container.GetQualifierDecl("key").GetValue().ToString(10));
-}
-
 TEST(TCIMQualifier, ChangeEndsPropagation) {
   TContainer container;
   TCIMQualifierDecl declaration(container, "Weight", 1U, TCIMQualifierDecl::scopeClass,

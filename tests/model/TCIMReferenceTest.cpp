@@ -92,6 +92,13 @@ TEST_F(TCIMReferenceParts, CopiesAreIndependent) {
   assigned.Clear();
   EXPECT_EQ("Disk.Id=\"1\"", source.GetPath());
   EXPECT_EQ("Disk.Id=\"1\",N=\"3\"", copy.GetPath());
+  const TCIMReference before(source);
+  TCIMReference bare(source);
+  bare.SetKeyBindings({});
+  source.AddKeyValue("N", TCIMValue(std::uint8_t{4}));
+  EXPECT_EQ("Disk.Id=\"1\",N=\"4\"", source.GetPath());
+  EXPECT_EQ("Disk.Id=\"1\"", before.GetPath());
+  EXPECT_EQ("Disk", bare.GetPath());
   copy.Clear();
   EXPECT_EQ(vskStatusInvalidOpSequence, StatusOf([&] { copy.SetPath(""); }));  // no container left
   EXPECT_EQ(vskStatusNotImplemented, StatusOf([&] { source.SetPath(""); }));
