@@ -374,7 +374,6 @@ class TIndexWorld {
 class TSearchTest : public TModelTest {
  protected:
   void Compare(const TCIMClass& cimClass, const TCIMReference& reference) {
-    log.Take();
     TCIMInstance* expected = nullptr;
     const vskStatus status = StatusOf([&] { expected = Walk(cimClass, reference); });
     const std::string lines = log.Take();
@@ -400,7 +399,9 @@ class TInstanceIndexJudge : public TSearchTest {
         continue;
       }
       const TCIMClass& cimClass = world.PickClass();
-      Compare(cimClass, world.PickReference(cimClass));
+      const TCIMReference& reference = world.PickReference(cimClass);
+      log.Take();
+      Compare(cimClass, reference);
       const TCIMInstance* target = world.PickTarget();
       if (target != nullptr) CompareReferrers(*target, world.PickRole());
       if (HasFailure()) std::cout << "seed " << seed << ", step " << step << '\n';
