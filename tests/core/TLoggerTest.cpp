@@ -60,8 +60,28 @@ class THandle : public TNamedCallbacks, public vsk::detail::IPluginHandle {
   IPlugin* plugin_;
 };
 
+struct TLogRow {
+  std::int32_t threshold;
+  std::int32_t level;
+  const char* line;     // on the debug channel
+  const char* records;  // kept
+  vskStatus status;
+};
+
 class TLoggerTest : public testing::Test {
  protected:
+  // Logs at the level and threshold of each row.
+  template <typename TRows, typename TLog>
+  void ExpectRows(const TRows& rows, TLog&& log) {
+    for (const TLogRow& row : rows) {
+      SCOPED_TRACE(testing::Message() << "level " << row.level << " at " << row.threshold);
+      logger.SetLevel(row.threshold);
+      EXPECT_EQ(row.line,
+                StderrOf([&] { EXPECT_EQ(row.status, StatusOf([&] { log(row.level); })); }));
+      EXPECT_EQ(row.records, TakeRecords());
+      EXPECT_EQ(row.threshold, logger.GetLevel());
+    }
+  }
   // The records so far, as "level:text|" each; empties them.
   string TakeRecords() {
     string picture;
@@ -74,14 +94,6 @@ class TLoggerTest : public testing::Test {
 
   TLogger logger;
   TNamedPlugin plugin;
-};
-
-struct TLogRow {
-  std::int32_t threshold;
-  std::int32_t level;
-  const char* line;     // on the debug channel
-  const char* records;  // kept
-  vskStatus status;
 };
 
 const TLogRow kLogged[] = {
@@ -103,15 +115,7 @@ const TLogRow kLogged[] = {
 
 TEST_F(TLoggerTest, LevelAndThresholdDecide) {
   EXPECT_EQ(2, logger.GetLevel());
-  for (const TLogRow& row : kLogged) {
-    SCOPED_TRACE(testing::Message() << "level " << row.level << " at " << row.threshold);
-    logger.SetLevel(row.threshold);
-    EXPECT_EQ(row.line, StderrOf([&] {
-                EXPECT_EQ(row.status, StatusOf([&] { logger.Log(nullptr, row.level, "x y"); }));
-              }));
-    EXPECT_EQ(row.records, TakeRecords());
-    EXPECT_EQ(row.threshold, logger.GetLevel());
-  }
+  ExpectRows(kLogged, [&](std::int32_t level) { logger.Log(nullptr, level, "x y"); });
 }
 
 const TLogRow kDumped[] = {
@@ -126,15 +130,7 @@ const TLogRow kDumped[] = {
 
 TEST_F(TLoggerTest, DataIsDumpedByTheSameRules) {
   const unsigned char bytes[] = {0, 171, 15};
-  for (const TLogRow& row : kDumped) {
-    SCOPED_TRACE(testing::Message() << "level " << row.level << " at " << row.threshold);
-    logger.SetLevel(row.threshold);
-    EXPECT_EQ(row.line, StderrOf([&] {
-                EXPECT_EQ(row.status,
-                          StatusOf([&] { logger.LogData(nullptr, row.level, bytes, 3); }));
-              }));
-    EXPECT_EQ(row.records, TakeRecords());
-  }
+  ExpectRows(kDumped, [&](std::int32_t level) { logger.LogData(nullptr, level, bytes, 3); });
 }
 
 TEST_F(TLoggerTest, DataHasALimitThatComesBeforeTheLevel) {
