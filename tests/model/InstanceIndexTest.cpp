@@ -77,7 +77,7 @@ class TDice {
     const double reals[] = {0.0, -0.0, 1.5, std::numeric_limits<double>::quiet_NaN()};
     const char* const texts[] = {"", "a", "A", "a text that is too long to lie in the string"};
     if (OneIn(12)) return Null(type);
-    if (type == kArray) return TCIMValue(TType(TType::cimUint8), 2, {TCIMValue(std::uint8_t{7})});
+    if (type == kArray) return TCIMValue(TType::cimUint8, 2, {TCIMValue(std::uint8_t{7})});
     switch (type) {
       case TType::cimString:
         return TCIMValue(Pick(texts));
@@ -470,25 +470,23 @@ TEST_F(TAllSearches, OfOrdinaryKeys) {
   std::vector<TCIMReference> paths;
   for (TCIMClass* cimClass : {&disk, &solid}) {
     for (const double real : {0.0, -0.0, 1.5, nan}) {
-      TCIMInstance& added =
-          schema.Add(*cimClass, {{"Id", TCIMValue(1u)}, {"_b", "x"}, {"b", real}});
+      TCIMInstance& added = schema.Add(*cimClass, {{"Id", 1u}, {"_b", "x"}, {"b", real}});
       paths.push_back(added.BuildPath());
     }
   }
   paths.push_back(schema.Path(disk, {}));
-  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}}));
-  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}, {"b", 1.5}}));  // "B"
-  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "X"}, {"B", 1.5}}));
-  paths.push_back(schema.Path(disk, {{"Id", TCIMValue(1u)}, {"_b", "x"}, {"B", 1.5}, {"z", 1.5}}));
+  paths.push_back(schema.Path(disk, {{"Id", 1u}, {"_b", "x"}}));
+  paths.push_back(schema.Path(disk, {{"Id", 1u}, {"_b", "x"}, {"b", 1.5}}));  // "B"
+  paths.push_back(schema.Path(disk, {{"Id", 1u}, {"_b", "X"}, {"B", 1.5}}));
+  paths.push_back(schema.Path(disk, {{"Id", 1u}, {"_b", "x"}, {"B", 1.5}, {"z", 1.5}}));
   paths.push_back(TCIMReference());
-  paths.front().SetKeyBindings(
-      {{"B", TCIMValue(1.5)}, {"Id", TCIMValue(1)}, {"_b", TCIMValue("x")}});
+  paths.front().SetKeyBindings({{"B", 1.5}, {"Id", 1}, {"_b", "x"}});
   ExpectWalks(paths);
   EXPECT_EQ(TStatuses{vskStatusOK}, Statuses());
   EXPECT_EQ(5, hits);
 
   // A key that became NULL, or changed otherwise, after the instance joined.
-  disk.EnumerateInstances(false)[2]->SetPropertyValue("_B", TCIMValue(TType(TType::cimString), 0));
+  disk.EnumerateInstances(false)[2]->SetPropertyValue("_B", TCIMValue(TType::cimString, 0));
   disk.EnumerateInstances(false)[1]->SetPropertyValue("Id", TCIMValue(8u));
   for (const TCIMInstance* instance : disk.EnumerateInstances(true)) {
     paths.push_back(instance->BuildPath());
@@ -502,14 +500,14 @@ TEST_F(TAllSearches, OfKeysThatAreReferencesDateTimesAndArrays) {
       schema.Class("Link").With("ASSOCIATION").Reference("To", disk).With("KEY").Add();
   TCIMClass& event = schema.Class("Event").Key("At", TType::cimDateTime).Add();
   TCIMClass& list =
-      schema.Class("List").Property("Ids", TCIMValue(TType(TType::cimUint32), 2)).With("KEY").Add();
-  const TCIMReference seven = schema.Path(disk, {{"Id", TCIMValue(7u)}});
-  schema.Add(disk, {{"Id", TCIMValue(7u)}});
-  schema.Add(link, {{"To", TCIMValue(schema.Path(disk, {{"Id", TCIMValue(6u)}}))}});
-  schema.Add(link, {{"To", TCIMValue(seven)}});
+      schema.Class("List").Property("Ids", TCIMValue(TType::cimUint32, 2)).With("KEY").Add();
+  const TCIMReference seven = schema.Path(disk, {{"Id", 7u}});
+  schema.Add(disk, {{"Id", 7u}});
+  schema.Add(link, {{"To", TCIMValue(schema.Path(disk, {{"Id", 6u}}))}});
+  schema.Add(link, {{"To", seven}});
   schema.Add(event, {{"At", TCIMValue(TCIMDateTime("20051031175918.000000+060"))}});
   schema.Add(event, {{"At", TCIMValue(TCIMDateTime("00000001020304.000005:000"))}});
-  schema.Add(list, {{"Ids", TCIMValue(TType(TType::cimUint32), 2, {TCIMValue(1u)})}});
+  schema.Add(list, {{"Ids", TCIMValue(TType::cimUint32, 2, {TCIMValue(1u)})}});
   std::vector<TCIMReference> paths;
   for (const TCIMInstance* instance : container.GetRootClass().EnumerateInstances(true)) {
     paths.push_back(instance->BuildPath());
@@ -533,8 +531,8 @@ TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
     TCIMClass& disk = container.GetClass("Disk");
     answers.clear();
     TCIMReference named = schema.Path(disk, {});
-    named.SetKeyBindings({{"Name", TCIMValue(2u)}});
-    ExpectWalks({schema.Path(disk, {{"Id", TCIMValue(1u)}}), named, TCIMReference()});
+    named.SetKeyBindings({{"Name", 2u}});
+    ExpectWalks({schema.Path(disk, {{"Id", 1u}}), named, TCIMReference()});
     return Statuses();
   };
   TCIMClass& disk =
@@ -544,8 +542,8 @@ TEST_F(TAllSearches, OfInstancesOlderThanTheirClassNow) {
   schema.Qualify(name, "KEY", TCIMValue("yes"));
   EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("a bad key and nothing to see it"));
   name.RemoveQualifier(const_cast<TCIMQualifier&>(name.GetQualifier("KEY")));
-  schema.Add(disk, {{"Id", TCIMValue(1u)}});
-  schema.Add(disk, {{"Id", TCIMValue(1u)}, {"Name", TCIMValue(2u)}});
+  schema.Add(disk, {{"Id", 1u}});
+  schema.Add(disk, {{"Id", 1u}, {"Name", 2u}});
   EXPECT_EQ(TStatuses{vskStatusOK}, expectWalks("as usual"));
   EXPECT_EQ(1, hits);
 
@@ -603,14 +601,14 @@ TEST_F(TAllSearches, OfNumbersOfEveryType) {
 TEST_F(TAllSearches, OfKeysThatNoPathCanHold) {
   TCIMClass& disk =
       schema.Class("Disk").Key("Id", TType::cimUint32).Property("C", TType::cimUint8).Add();
-  schema.Add(disk, {{"Id", TCIMValue(1u)}});
+  schema.Add(disk, {{"Id", 1u}});
   auto& letter = const_cast<TCIMPropertyDecl&>(disk.GetPropertyDecl("C"));
   schema.Qualify(letter, "KEY");
   TCIMValue null;
   null.SetNullValue(TType::cimChar, 0);
   EXPECT_EQ(vskStatusTypeMismatch, StatusOf([&] { letter.SetValue(null); }));
   EXPECT_EQ(TType::cimChar, letter.GetType());
-  ExpectWalks({schema.Path(disk, {{"Id", TCIMValue(1u)}})});
+  ExpectWalks({schema.Path(disk, {{"Id", 1u}})});
   EXPECT_EQ(TStatuses{vskStatusTypeMismatch}, Statuses());
 }
 

@@ -15,12 +15,12 @@ TEST_F(TCIMPropertyValue, IsItsOwnOrTheDeclarations) {
   TCIMClass& disk = schema.Class("Disk")
                         .Key("Id", TType::cimUint32)
                         .Property("Name", TCIMValue("none"))
-                        .Property("Sizes", TCIMValue(TType(TType::cimUint8), 4))
+                        .Property("Sizes", TCIMValue(TType::cimUint8, 4))
                         .Add();
-  TCIMInstance& one = schema.Add(disk, {{"Id", TCIMValue(1u)}});
+  TCIMInstance& one = schema.Add(disk, {{"Id", 1u}});
   EXPECT_EQ("Disk{Id=1, Name~\"none\", Sizes~NULL}", Picture(one));
   EXPECT_TRUE(one.GetProperty("NAME").GetPropagated());
-  one.SetPropertyValue("nAME", TCIMValue(TType(TType::cimString), 0));
+  one.SetPropertyValue("nAME", TCIMValue(TType::cimString, 0));
   EXPECT_EQ("Disk{Id=1, Name=NULL, Sizes~NULL}", Picture(one));
   EXPECT_FALSE(one.GetProperty("Name").GetPropagated());
 
@@ -28,7 +28,7 @@ TEST_F(TCIMPropertyValue, IsItsOwnOrTheDeclarations) {
   TCIMProperty& sizes = one.GetProperty("Sizes");
   const TCIMValue bytes(TType(TType::cimUint8), 2, {TCIMValue(std::uint8_t{1})});
   sizes.SetValue(bytes);
-  sizes.SetValue(TCIMValue(TType(TType::cimUint8), 2, {TCIMValue(std::uint8_t{2})}));
+  sizes.SetValue(TCIMValue(TType::cimUint8, 2, {TCIMValue(std::uint8_t{2})}));
   EXPECT_EQ("{2}", Picture(sizes.GetValue()));
   EXPECT_EQ(2u, sizes.GetValue().GetMaxArraySize());
   sizes.SetValue(vsk::detail::TPeek::Value(sizes));
@@ -53,7 +53,7 @@ TEST_F(TCIMPropertyValue, MustFitTheDeclaration) {
     const char* line;  // empty when it fits
   } rows[] = {
       {number, TCIMValue(8u), ""},
-      {numbers, TCIMValue(TType(TType::cimUint32), 9, {number}), ""},
+      {numbers, TCIMValue(TType::cimUint32, 9, {number}), ""},
       {number, TCIMValue(8), "SetValue: decl is type uint32 but value is type sint32"},
       {number, numbers, "SetValue: decl is type uint32 but value is type uint32"},
       {numbers, TCIMValue("a"), "SetValue: decl is type uint32 but value is type string"},
@@ -111,7 +111,7 @@ TEST_F(TCIMPropertyValue, OrdersByNameThenByOwnValue) {
   const TCIMPropertyDecl b("b", *disk, TCIMValue(1u));
   const TCIMProperty ascending[] = {
       TCIMProperty(a),  // no own value, whatever the default
-      TCIMProperty(upperA, TCIMValue(TType(TType::cimUint32), 0)),
+      TCIMProperty(upperA, TCIMValue(TType::cimUint32, 0)),
       TCIMProperty(a, TCIMValue(3u)),
       TCIMProperty(upperA, TCIMValue(4u)),
       TCIMProperty(b),
@@ -197,7 +197,7 @@ TEST_F(TCIMInstanceProperties, DecideEquality) {
       schema.Class("Disk").Key("Id", TType::cimUint32).Property("N", TCIMValue("d")).Add();
   TCIMClass& same = schema.Class("Same", &disk).Add();
   const auto make = [&](TCIMClass& cimClass, unsigned int id) {
-    return schema.Make(cimClass, {{"Id", TCIMValue(id)}});
+    return schema.Make(cimClass, {{"Id", id}});
   };
   const auto one = make(disk, 1);
   const auto equal = make(disk, 1);
@@ -229,7 +229,7 @@ TEST_F(TCIMInstanceJoin, NeedsAValueInEveryKey) {
   EXPECT_EQ(vskStatusInvalidInstance, join());
   EXPECT_EQ("Instance Disk: key property _Id is NULL", log.Take());
   instance->SetPropertyValue("_id", TCIMValue(1u));
-  instance->SetPropertyValue("number", TCIMValue(TType(TType::cimUint32), 0));
+  instance->SetPropertyValue("number", TCIMValue(TType::cimUint32, 0));
   EXPECT_EQ(vskStatusInvalidInstance, join());
   EXPECT_EQ("Instance Disk: key property Number is NULL", log.Take());
   EXPECT_EQ(0u, disk.EnumerateInstances(false).size());
@@ -242,8 +242,8 @@ TEST_F(TCIMInstanceJoin, NeedsAValueInEveryKey) {
 
 TEST_F(TCIMInstanceJoin, TwiceEndsInOneDestruction) {
   TCIMClass& disk = schema.Class("Disk").Key("Id", TType::cimUint32).Add();
-  TCIMInstance& one = schema.Add(disk, {{"Id", TCIMValue(1u)}});
-  TCIMInstance& two = schema.Add(disk, {{"Id", TCIMValue(2u)}});
+  TCIMInstance& one = schema.Add(disk, {{"Id", 1u}});
+  TCIMInstance& two = schema.Add(disk, {{"Id", 2u}});
   one.AddToContainer();
   two.AddToContainer();
   EXPECT_EQ((std::vector<TCIMInstance*>{&one, &two, &one, &two}), disk.EnumerateInstances(false));
@@ -254,9 +254,7 @@ TEST_F(TCIMInstanceJoin, TwiceEndsInOneDestruction) {
 TEST_F(TCIMInstanceJoin, EndsWithRemovalInAnyOrder) {
   TCIMClass& disk = schema.Class("Disk").Key("Id", TType::cimUint32).Add();
   std::vector<TCIMInstance*> expected;
-  const auto add = [&](unsigned int id) {
-    expected.push_back(&schema.Add(disk, {{"Id", TCIMValue(id)}}));
-  };
+  const auto add = [&](unsigned int id) { expected.push_back(&schema.Add(disk, {{"Id", id}})); };
   const auto remove = [&](std::size_t place) {
     TCIMInstance* doomed = expected.at(place);
     expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(place));
@@ -278,7 +276,7 @@ TEST_F(TCIMInstanceJoin, RemovalDestroysWhatIsNotListedToo) {
   TCIMClass& other = schema.Class("Other").Key("Id", TType::cimUint32).Add();
   disk.RemoveInstance(*schema.Make(disk, {}).release());
   // Asked of the wrong class, the right one must not keep it either.
-  TCIMInstance& listed = schema.Add(disk, {{"Id", TCIMValue(1u)}});
+  TCIMInstance& listed = schema.Add(disk, {{"Id", 1u}});
   other.RemoveInstance(listed);
   EXPECT_EQ(0u, disk.EnumerateInstances(false).size());
 }
@@ -286,8 +284,8 @@ TEST_F(TCIMInstanceJoin, RemovalDestroysWhatIsNotListedToo) {
 TEST_F(TCIMInstanceFind, LooksInItsOwnClassAlone) {
   TCIMClass& disk = schema.Class("Disk").Key("Id", TType::cimUint32).Add();
   TCIMClass& solid = schema.Class("Solid", &disk).Add();
-  TCIMInstance& first = schema.Add(solid, {{"Id", TCIMValue(1u)}});
-  schema.Add(solid, {{"Id", TCIMValue(1u)}});
+  TCIMInstance& first = schema.Add(solid, {{"Id", 1u}});
+  schema.Add(solid, {{"Id", 1u}});
   const TCIMReference path = first.BuildPath();
   EXPECT_EQ(&first, solid.FindInstance(path));
   EXPECT_EQ(&first, &solid.GetInstance(path));

@@ -14,12 +14,8 @@ class TCIMReferenceTarget : public TModelTest {
   TCIMReferenceTarget()
       : disk(schema.Class("Disk").Key("Id", TType::cimUint32).Key("b", TType::cimUint32).Add()) {}
 
-  TCIMInstance& AddDisk(unsigned int id) {
-    return schema.Add(disk, {{"Id", TCIMValue(id)}, {"b", TCIMValue(2u)}});
-  }
-  TCIMReference PathOf(unsigned int id) {
-    return schema.Path(disk, {{"Id", TCIMValue(id)}, {"b", TCIMValue(2u)}});
-  }
+  TCIMInstance& AddDisk(unsigned int id) { return schema.Add(disk, {{"Id", id}, {"b", 2u}}); }
+  TCIMReference PathOf(unsigned int id) { return schema.Path(disk, {{"Id", id}, {"b", 2u}}); }
   static vskStatus LookUp(const TCIMReference& reference) {
     return StatusOf([&] { reference.GetCIMElement(); });
   }
@@ -81,7 +77,7 @@ TEST_F(TCIMReferenceParts, KeysAreHeldAgainstTheClass) {
 TEST_F(TCIMReferenceParts, CopiesAreIndependent) {
   TCIMClass& disk =
       schema.Class("Disk").Key("Id", TType::cimUint32).Property("N", TType::cimUint8).Add();
-  TCIMReference source = schema.Path(disk, {{"Id", TCIMValue(1u)}});
+  TCIMReference source = schema.Path(disk, {{"Id", 1u}});
   TCIMReference copy(source);
   TCIMReference assigned;
   assigned = source;
@@ -114,12 +110,12 @@ TEST_F(TCIMReferencePath, PutsEveryValueInQuotes) {
                        .Reference("r", disk)
                        .With("KEY")
                        .Add();
-  const TCIMReference target = schema.Path(disk, {{"Id", TCIMValue(5u)}});
+  const TCIMReference target = schema.Path(disk, {{"Id", 5u}});
   const TCIMDateTime when("20051031175918.000000+060");
   EXPECT_EQ(
       "All.D=\"20051031175918.000000+060\",a=\"say \"x\", y\",b=\"true\",r=\"Disk.Id=\"5\"\"",
       schema.Path(all, {{"r", target}, {"b", true}, {"a", "say \"x\", y"}, {"D", when}}).GetPath());
-  const TCIMReference null = schema.Path(disk, {{"Id", TCIMValue(TType(TType::cimUint32), 0)}});
+  const TCIMReference null = schema.Path(disk, {{"Id", TCIMValue(TType::cimUint32, 0)}});
   EXPECT_EQ(vskStatusValueIsNULL, StatusOf([&] { null.GetPath(); }));
   EXPECT_EQ("Disk.Id=\"5\"", TCIMValue(target).ToString(16));
 }
@@ -138,7 +134,7 @@ TEST_F(TCIMReferenceTarget, IsRememberedAndGoesWithCopies) {
   EXPECT_EQ(&seven, &path.GetCIMElement());
   TCIMReference copy(path);
   EXPECT_EQ(&seven, &copy.GetCIMElement());
-  copy.SetKeyBindings({{"Id", TCIMValue(1u)}});
+  copy.SetKeyBindings({{"Id", 1u}});
   EXPECT_EQ(&seven, &copy.GetCIMElement());
   TCIMReference assigned;
   assigned = path;
@@ -190,12 +186,8 @@ TEST_F(TCIMReferenceOrder, GoesByClassThenByBindings) {
   TCIMClass& solid = schema.Class("Solid", &disk).Add();
   const auto path = [&](const TSchema::TValues& keys) { return schema.Path(disk, keys); };
   const TCIMReference ascending[] = {
-      path({}),
-      path({{"B", TCIMValue(1u)}}),
-      path({{"B", TCIMValue(1u)}, {"a", TCIMValue(3u)}}),
-      path({{"B", TCIMValue(2u)}}),
-      path({{"a", TCIMValue(0u)}}),
-      path({{"a", TCIMValue(1u)}}),
+      path({}),          path({{"B", 1u}}), path({{"B", 1u}, {"a", 3u}}),
+      path({{"B", 2u}}), path({{"a", 0u}}), path({{"a", 1u}}),
   };
   for (const TCIMReference& left : ascending) {
     for (const TCIMReference& right : ascending) {
@@ -206,7 +198,7 @@ TEST_F(TCIMReferenceOrder, GoesByClassThenByBindings) {
       EXPECT_EQ(&left < &right, TCIMValue(left) < TCIMValue(right));
     }
   }
-  const TCIMReference other = schema.Path(solid, {{"a", TCIMValue(1u)}});
+  const TCIMReference other = schema.Path(solid, {{"a", 1u}});
   EXPECT_FALSE(other == ascending[5]);
   EXPECT_EQ(&solid < &disk, other < ascending[0]);
   EXPECT_EQ(&disk < &solid, ascending[5] < other);
@@ -217,7 +209,7 @@ TEST_F(TCIMReferenceOrder, GoesByClassThenByBindings) {
 
 TEST_F(TCIMReferenceOrder, PassesFailuresOfValuesOn) {
   TCIMClass& list =
-      schema.Class("List").Property("Ids", TCIMValue(TType(TType::cimUint32), 2)).With("KEY").Add();
+      schema.Class("List").Property("Ids", TCIMValue(TType::cimUint32, 2)).With("KEY").Add();
   const TCIMValue ids(TType(TType::cimUint32), 2, {TCIMValue(1u)});
   const TCIMReference left = schema.Path(list, {{"Ids", ids}});
   const TCIMReference right(left);
