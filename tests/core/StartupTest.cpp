@@ -119,9 +119,14 @@ TEST(StartupTest, ALibrarysPathIsShorterThan250) {
   }
 }
 
-TEST(StartupDeathTest, WithoutAPathTheStartFailsInGoodOrder) {
-  EXPECT_EXIT(std::_Exit(vsk::detail::AttachCore("") ? 1 : 7), testing::ExitedWithCode(7),
-              "VSK_Core: \\[Error\\] VSK core failed initialization!\n$");
+TEST(StartupDeathTest, AStartThatFailsSaysSoAndIsReported) {
+  const auto start = [](const char* library) {
+    std::_Exit(vsk::detail::AttachCore(library) ? 1 : 7);
+  };
+  const std::string failed = "VSK_Core: \\[Error\\] VSK core failed initialization";
+  EXPECT_EXIT(start(""), testing::ExitedWithCode(7), failed + "!\n$");
+  EXPECT_EXIT(start("/nowhere/library"), testing::ExitedWithCode(7),
+              failed + ": vskStatusFileNotFound \\(/nowhere/data/core.properties.xml\\)\n$");
 }
 
 }  // namespace
