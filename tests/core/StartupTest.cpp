@@ -73,7 +73,7 @@ TEST(StartupTest, TheEnvironmentSetsTheThreshold) {
       {"-3", "-3"},
       {"", "0"},
       {"loud", "0"},
-      {" 3 or so", "3"},
+      {" 3a", "3"},
       {"99999999999", "1"},
       {"-99999999999", "-2147483648"},
   };
