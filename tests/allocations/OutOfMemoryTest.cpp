@@ -140,37 +140,66 @@ vskStatus StatusOfRow(const TRow& row, TWorld& world) {
 
 vskStatus Expected(bool asExpected) { return asExpected ? vskStatusOK : vskStatusFail; }
 
-void Sweep(const TRow& row, bool lasting) {
+// The failure that is to come: of the n-th allocation, or of all from that one on.
+class TFailure {
+ public:
+  TFailure(std::size_t nth, bool lasting) : nth_(nth), lasting_(lasting) {}
+
+  // Runs the body, which throws nothing. Whether it came to the failure.
+  bool Strike(const std::function<void()>& body) {
+    const bool struck = WithFailingAllocation(nth_, lasting_, body);
+    struck_ = struck_ || struck;
+    return struck;
+  }
+  bool HasStruck() const { return struck_; }
+
+ private:
+  std::size_t nth_;
+  bool lasting_;
+  bool struck_ = false;
+};
+
+// Calls the body with each failure up to the first that doesn't strike, of both kinds.
+void ForEachFailure(const std::function<void(TFailure&)>& body) {
+  for (const bool lasting : {false, true}) {
+    bool struck = true;
+    for (std::size_t nth = 1; struck; ++nth) {
+      SCOPED_TRACE(nth);
+      ASSERT_LT(nth, kMostAllocations);
+      TFailure failure(nth, lasting);
+      body(failure);
+      if (testing::Test::HasFatalFailure()) return;
+      struck = failure.HasStruck();
+    }
+  }
+}
+
+void Sweep(const TRow& row) {
   std::string expected;
   {
     TWorld world;
     ASSERT_EQ(vskStatusOK, row.run(world));
     expected = PictureOf(world);
   }
-  for (std::size_t nth = 1; nth < kMostAllocations; ++nth) {
-    SCOPED_TRACE(nth);
+  ForEachFailure([&](TFailure& failure) {
     TWorld world;
     vskStatus status = vskStatusFail;
-    const auto run = [&] { status = StatusOfRow(row, world); };
-    if (!WithFailingAllocation(nth, lasting, run)) return;
+    if (!failure.Strike([&] { status = StatusOfRow(row, world); })) return;
     if (status != vskStatusOK) {
       ASSERT_EQ(vskStatusOutOfMemory, status);
       ASSERT_EQ(vskStatusOK, row.run(world));
     }
     ASSERT_EQ(expected, PictureOf(world));
-  }
-  FAIL() << "there is no end to the allocations";
+  });
 }
 
 // With everything traced, so that a trace that there is no memory for is among the failures.
 void SweepAll(const std::vector<TRow>& rows) {
   TLogCapture log(4);
   for (const TRow& row : rows) {
-    for (const bool lasting : {false, true}) {
-      SCOPED_TRACE(row.name);
-      Sweep(row, lasting);
-      if (testing::Test::HasFatalFailure()) return;
-    }
+    SCOPED_TRACE(row.name);
+    Sweep(row);
+    if (testing::Test::HasFatalFailure()) return;
   }
   log.Take();  // what failed on the way was told
 }
@@ -343,23 +372,19 @@ TEST(OutOfMemoryTest, Documents) {
   whole.PopulateContainerFromFile(packed);
   for (const auto& row : kRows) {
     std::set<vskStatus> failures;
-    for (const bool lasting : {false, true}) {
-      for (std::size_t nth = 1;; ++nth) {
-        SCOPED_TRACE(nth);
-        ASSERT_LT(nth, kMostAllocations);
-        TContainer container;
-        const auto populate = [&] {
-          container.PopulateContainerFromFile(row.path);
-          return vskStatusOK;
-        };
-        vskStatus status = vskStatusFail;
-        if (!WithFailingAllocation(nth, lasting, [&] { status = Outcome(populate); })) break;
-        if (status != vskStatusOK) failures.insert(status);
-        Picture(container);
-        ASSERT_EQ(vskStatusOK, Outcome(populate));
-        ASSERT_EQ(pictureOf(whole), pictureOf(container));
-      }
-    }
+    ForEachFailure([&](TFailure& failure) {
+      TContainer container;
+      const auto populate = [&] {
+        container.PopulateContainerFromFile(row.path);
+        return vskStatusOK;
+      };
+      vskStatus status = vskStatusFail;
+      if (!failure.Strike([&] { status = Outcome(populate); })) return;
+      if (status != vskStatusOK) failures.insert(status);
+      Picture(container);
+      ASSERT_EQ(vskStatusOK, Outcome(populate));
+      ASSERT_EQ(pictureOf(whole), pictureOf(container));
+    });
     EXPECT_EQ(row.failures, failures) << row.path;
   }
   log.Take();
@@ -369,33 +394,28 @@ TEST(OutOfMemoryTest, Documents) {
 // far as it came; another one is loaded all the same, and collected.
 TEST(OutOfMemoryTest, LibrariesOfPlugins) {
   TLogCapture log(3);
-  for (const bool lasting : {false, true}) {
-    for (std::size_t nth = 1;; ++nth) {
-      SCOPED_TRACE(nth);
-      ASSERT_LT(nth, kMostAllocations);
-      const TPluginTree tree;
-      IPluginManager& manager = tree.Manager();
-      const auto load = [&](const std::string& path) {
-        return Outcome([&] {
-          manager.LoadPlugin(path);
-          return vskStatusOK;
-        });
-      };
-      const std::string path = tree.Add("c_answers", Document({ClassText("Sample_Fan")}));
-      vskStatus status = vskStatusFail;
-      const bool came = WithFailingAllocation(nth, lasting, [&] { status = load(path); });
-      ASSERT_TRUE(status == vskStatusOutOfMemory || status == vskStatusOK) << status;
-      ASSERT_EQ(vskStatusOK, load(path));
-      ASSERT_LE(manager.GetPlugins().size(), 1U);
-      const std::string other = tree.Add("c_answers", Document({ClassText("Sample_Disk")}), "b");
-      ASSERT_EQ(vskStatusOK, load(other));
-      ASSERT_EQ(other, manager.GetPlugins().back()->GetPath());
-      TContainer& container = *manager.GetContainer();
-      TRootObject::GetQueryManager()->QueryClasses(&container, {});
-      ASSERT_EQ(1U, container.GetClass("Sample_Disk").EnumerateInstances(false).size());
-      if (!came) break;
-    }
-  }
+  ForEachFailure([&](TFailure& failure) {
+    const TPluginTree tree;
+    IPluginManager& manager = tree.Manager();
+    const auto load = [&](const std::string& path) {
+      return Outcome([&] {
+        manager.LoadPlugin(path);
+        return vskStatusOK;
+      });
+    };
+    const std::string path = tree.Add("c_answers", Document({ClassText("Sample_Fan")}));
+    vskStatus status = vskStatusFail;
+    failure.Strike([&] { status = load(path); });
+    ASSERT_TRUE(status == vskStatusOutOfMemory || status == vskStatusOK) << status;
+    ASSERT_EQ(vskStatusOK, load(path));
+    ASSERT_LE(manager.GetPlugins().size(), 1U);
+    const std::string other = tree.Add("c_answers", Document({ClassText("Sample_Disk")}), "b");
+    ASSERT_EQ(vskStatusOK, load(other));
+    ASSERT_EQ(other, manager.GetPlugins().back()->GetPath());
+    TContainer& container = *manager.GetContainer();
+    TRootObject::GetQueryManager()->QueryClasses(&container, {});
+    ASSERT_EQ(1U, container.GetClass("Sample_Disk").EnumerateInstances(false).size());
+  });
   log.Take();
 }
 
@@ -419,44 +439,38 @@ vskStatus Query(vskPluginHandle, vskIOHandle* handle, const char* const* names, 
 
 TEST(OutOfMemoryTest, Collections) {
   TLogCapture log(3);
-  for (const bool lasting : {false, true}) {
-    for (std::size_t nth = 1;; ++nth) {
-      SCOPED_TRACE(nth);
-      ASSERT_LT(nth, kMostAllocations);
-      const TPluginTree tree;
-      TContainer& container = *tree.Manager().GetContainer();
-      tree.Folder().MakeFile("c/c.properties.xml", Document({ClassText("Sample_FanOfTheCase"),
-                                                             ClassText("Sample_DiskUnitOfMany")}));
-      const vskPluginCallbacks table = {nullptr, Nothing, Nothing, Query, GetInfo, Nothing};
-      vskPluginHandle handle = nullptr;
-      vskStatus status = vskStatusFail;
-      bool came =
-          WithFailingAllocation(nth, lasting, [&] { status = vskRegisterPlugin(&table, &handle); });
-      if (status != vskStatusOK) {
-        ASSERT_EQ(vskStatusOutOfMemory, status);
-        ASSERT_EQ(vskStatusOK, vskRegisterPlugin(&table, &handle));
-      }
-      TCPluginCallbacks& callbacks = TCPluginCallbacks::FromHandle(handle);
-      const auto plugin = boost::make_shared<TPlugin>(&callbacks);
-      plugin->SetPath(tree.Folder().Path("c/c.pi.so"));
-      plugin->LoadSpecificationDocument();
-      tree.Manager().GetPlugins().push_back(plugin);
-      const auto collect = [&] {
-        TRootObject::GetQueryManager()->QueryClasses(&container, {});
-        return vskStatusOK;
-      };
-      came = WithFailingAllocation(nth, lasting, [&] { status = Outcome(collect); }) || came;
-      ASSERT_TRUE(status == vskStatusOutOfMemory || status == vskStatusOK) << status;
-      ASSERT_EQ(vskStatusOK, Outcome(collect));
-      for (const char* name : {"Sample_FanOfTheCase", "Sample_DiskUnitOfMany"}) {
-        const auto all = container.GetClass(name).EnumerateInstances(false);
-        ASSERT_EQ(1U, all.size()) << name;
-        ASSERT_EQ(std::string(name) + ".Id=\"7\"", all.front()->BuildPath().GetPath());
-      }
-      tree.Manager().GetPlugins().clear();
-      callbacks.Destroy();
-      if (!came) break;
+  ForEachFailure([&](TFailure& failure) {
+    const TPluginTree tree;
+    TContainer& container = *tree.Manager().GetContainer();
+    tree.Folder().MakeFile("c/c.properties.xml", Document({ClassText("Sample_FanOfTheCase"),
+                                                           ClassText("Sample_DiskUnitOfMany")}));
+    const vskPluginCallbacks table = {nullptr, Nothing, Nothing, Query, GetInfo, Nothing};
+    vskPluginHandle handle = nullptr;
+    vskStatus status = vskStatusFail;
+    failure.Strike([&] { status = vskRegisterPlugin(&table, &handle); });
+    if (status != vskStatusOK) {
+      ASSERT_EQ(vskStatusOutOfMemory, status);
+      ASSERT_EQ(vskStatusOK, vskRegisterPlugin(&table, &handle));
     }
-  }
+    TCPluginCallbacks& callbacks = TCPluginCallbacks::FromHandle(handle);
+    const auto plugin = boost::make_shared<TPlugin>(&callbacks);
+    plugin->SetPath(tree.Folder().Path("c/c.pi.so"));
+    plugin->LoadSpecificationDocument();
+    tree.Manager().GetPlugins().push_back(plugin);
+    const auto collect = [&] {
+      TRootObject::GetQueryManager()->QueryClasses(&container, {});
+      return vskStatusOK;
+    };
+    failure.Strike([&] { status = Outcome(collect); });
+    ASSERT_TRUE(status == vskStatusOutOfMemory || status == vskStatusOK) << status;
+    ASSERT_EQ(vskStatusOK, Outcome(collect));
+    for (const char* name : {"Sample_FanOfTheCase", "Sample_DiskUnitOfMany"}) {
+      const auto all = container.GetClass(name).EnumerateInstances(false);
+      ASSERT_EQ(1U, all.size()) << name;
+      ASSERT_EQ(std::string(name) + ".Id=\"7\"", all.front()->BuildPath().GetPath());
+    }
+    tree.Manager().GetPlugins().clear();
+    callbacks.Destroy();
+  });
   log.Take();
 }
